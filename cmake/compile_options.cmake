@@ -1,0 +1,16 @@
+# Compile options shared by every target of this project.
+add_library(vantelgis_options INTERFACE)
+target_compile_options(vantelgis_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+  # A fused multiply-add rounds once where the written results round twice.
+  -ffp-contract=off)
+target_compile_definitions(vantelgis_options INTERFACE _FILE_OFFSET_BITS=64)
+
+if(VANTELGIS_WERROR)
+  target_compile_options(vantelgis_options INTERFACE -Werror)
+endif()
+if(VANTELGIS_SANITIZE)
+  target_compile_options(vantelgis_options INTERFACE
+    -fsanitize=${VANTELGIS_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(vantelgis_options INTERFACE -fsanitize=${VANTELGIS_SANITIZE})
+endif()

@@ -1,0 +1,99 @@
+#include "run/console.h"
+
+#include <cstddef>
+#include <cstring>
+
+#include "run/platform.h"
+
+namespace vantelgis {
+
+namespace {
+
+constexpr std::size_t kOutputSize = 32768;
+constexpr std::size_t kInputSize = 4096;
+
+struct Console {
+    char output[kOutputSize];
+    std::size_t outputLength = 0;
+    char input[kInputSize];
+    std::size_t inputBegin = 0;
+    std::size_t inputEnd = 0;
+};
+Console console;
+
+void buffer(std::string_view text) {
+    while (!text.empty()) {
+        if (console.outputLength == kOutputSize) consoleFlush();
+        const std::size_t n = std::min(text.size(), kOutputSize - console.outputLength);
+        std::memcpy(console.output + console.outputLength, text.data(), n);
+        console.outputLength += n;
+        text.remove_prefix(n);
+    }
+}
+
+// The next byte of standard input; false at its end.
+bool nextInput(char& c) {
+    if (console.inputBegin == console.inputEnd) {
+        console.inputBegin = 0;
+        console.inputEnd = platform::readStandardInput(console.input, kInputSize);
+        if (console.inputEnd == 0) return false;
+    }
+    c = console.input[console.inputBegin++];
+    return true;
+}
+
+}  // namespace
+
+void consolePut(std::string_view text) {
+    static const bool terminal = platform::standardOutputIsTerminal();
+    for (std::size_t end; (end = text.find('\n')) != std::string_view::npos;
+         text.remove_prefix(end + 1)) {
+        buffer(text.substr(0, end));
+        buffer(platform::consoleLineEnd());
+    }
+    buffer(text);
+    if (terminal) consoleFlush();
+}
+
+void consoleFlush() {
+    if (console.outputLength > 0) platform::writeStandardOutput(console.output, console.outputLength);
+    console.outputLength = 0;
+}
+
+bool consoleReadLine(TextRef line) {
+    consoleFlush();
+    std::size_t length = 0;
+    bool carriageReturn = false;  // held back: it is text unless the line ends behind it
+    const auto store = [&](char c) {
+        if (length < line.capacity) line.data[length++] = c;
+    };
+    bool any = false;
+    char c;
+    while (nextInput(c)) {
+        any = true;
+        if (c == '\n') break;
+        if (carriageReturn) store('\r');
+        carriageReturn = c == '\r';
+        if (!carriageReturn) store(c);
+    }
+    line.assign({line.data, length});
+    return any;
+}
+
+bool consolePause(std::string_view text) {
+    consoleLine(text.empty() ? "Enter command<CR> or <CR> to continue." : text);
+    Text<1> dropped;
+    return consoleReadLine(dropped);
+}
+
+void PUTTEXT(const char* text, int n) {
+    if (n > 0) consolePut({text, static_cast<std::size_t>(n)});
+}
+
+void consoleReset() {
+    console.outputLength = 0;
+    console.inputBegin = 0;
+    console.inputEnd = 0;
+}
+
+}  // namespace vantelgis

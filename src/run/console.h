@@ -1,0 +1,50 @@
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <string_view>
+
+#include "text/number_field.h"
+#include "text/text.h"
+
+namespace vantelgis {
+
+/// Writes text to the console as it stands. The console is a plain stream: nothing keeps track of
+/// columns, and text without a line end is followed directly by whatever comes next. A `\n` in the
+/// text becomes the platform's line end.
+void consolePut(std::string_view text);
+
+/// An integer in its shortest form.
+inline void consolePut(std::integral auto value) { consolePut(IntegerText(value)); }
+
+/// Writes texts and integers one behind the other, with no line end.
+template <typename... Parts>
+void consoleText(const Parts&... parts) {
+    (consolePut(parts), ...);
+}
+
+/// The same with a line end behind them; with no part, an empty line.
+template <typename... Parts>
+void consoleLine(const Parts&... parts) {
+    (consolePut(parts), ...);
+    consolePut("\n");
+}
+
+/// Hands everything written so far to the system.
+void consoleFlush();
+
+/// Reads one whole line of standard input, cut at the target's capacity. False when standard input
+/// is at its end: nobody can answer any more. Flushes the console first.
+bool consoleReadLine(TextRef line);
+
+/// Writes `text` (if it is empty "Enter command<CR> or <CR> to continue.") as a line and drops one
+/// line of standard input. False when standard input was at its end, which ends the wait.
+bool consolePause(std::string_view text);
+
+/// Writes the first `n` characters of `text` with no line end; nothing if `n` is below 1.
+void PUTTEXT(const char* text, int n);
+
+/// Forgets what was written or read but not yet used; a new run starts so.
+void consoleReset();
+
+}  // namespace vantelgis

@@ -1,0 +1,90 @@
+#include "run/messages.h"
+
+#include <cstddef>
+#include <string_view>
+
+#include "run/console.h"
+#include "run/unit_writing.h"
+#include "text/free_format.h"
+
+namespace vantelgis {
+
+DMessages DMESSAGES;
+
+namespace {
+
+constexpr std::size_t kNumberColumns = 6;
+
+// The first word tells the kind; the message's number stands in the six columns from numberColumn.
+struct FirstWord {
+    std::string_view word;
+    MessageKind kind;
+    std::int32_t DMessages::*counter;
+    std::size_t numberColumn;
+};
+constexpr FirstWord kFirstWords[] = {
+    {"ERROR", MessageKind::error, &DMessages::errorCount, 6},
+    {"WARNING", MessageKind::warning, &DMessages::warningCount, 8},
+    {"CHECK", MessageKind::check, &DMessages::checkCount, 6},
+    {"UNSTABLE", MessageKind::unstable, nullptr, 9},
+};
+
+void classify() {
+    DMESSAGES.messageNumber = 0;
+    DMESSAGES.messageKind = MessageKind::plain;
+    const std::string_view text = DMESSAGES.text1;
+    for (const FirstWord& row : kFirstWords) {
+        if (!text.starts_with(row.word)) continue;
+        DMESSAGES.messageKind = row.kind;
+        if (row.counter != nullptr) ++(DMESSAGES.*row.counter);
+        FreeFormat list{fromColumn(text, row.numberColumn).substr(0, kNumberColumns)};
+        takeInteger(list, DMESSAGES.messageNumber);  // a failure leaves the 0
+        return;
+    }
+}
+
+void show() {
+    consoleText(DMESSAGES.text1);
+    for (const auto* text : {&DMESSAGES.text2, &DMESSAGES.text3}) {
+        if (!text->blank()) consoleText(DMESSAGES.oneLine ? "  " : "\n", *text);
+    }
+    consoleLine();
+}
+
+}  // namespace
+
+void DMESSAGECLEAR() {
+    DMESSAGES.x = DMESSAGES.y = -99999.0;
+    DMESSAGES.oneLine = false;
+    DMESSAGES.text1.clear();
+    DMESSAGES.text2.clear();
+    DMESSAGES.text3.clear();
+}
+
+void DMESSAGE(std::int32_t nBlank) {
+    classify();
+    if (nBlank >= 0) {
+        for (std::int32_t i = 0; i < nBlank; ++i) consoleLine();
+        show();
+    }
+    DMESSAGECLEAR();
+}
+
+void DMESSAGERESETCOUNTERS() {
+    DMESSAGES.errorCount = DMESSAGES.warningCount = DMESSAGES.checkCount = 0;
+}
+
+void DLINE(int unit) {
+    constexpr std::string_view kRule =
+        "________________________________________________________________________________";
+    static_assert(kRule.size() == 80);
+    consoleLine(kRule);
+    if (unit > 0) putLine(unit, kRule);
+}
+
+void DPAUSE() {
+    consoleLine();
+    consolePause("Press Enter to Continue");
+}
+
+}  // namespace vantelgis

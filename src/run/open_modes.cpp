@@ -1,0 +1,38 @@
+#include "run/open_modes.h"
+
+namespace vantelgis {
+
+namespace {
+
+using enum platform::Access;
+using enum Content;
+constexpr auto kShared = platform::Sharing::full;
+constexpr auto kAlone = platform::Sharing::refuseWriters;
+
+constexpr OpenMode kModes[] = {
+    {"I ", true, read, kShared, textLines},
+    {"UI", true, read, kShared, unformattedRecords},
+    {"BI", true, read, kShared, littleEndianBytes},
+    {"BE", true, read, kShared, bigEndianBytes},
+    {"O ", false, replace, kAlone, textLines},
+    {"F ", false, replace, kAlone, textLines},
+    {"A ", false, append, kShared, textLines},
+    {"S ", false, keep, kShared, textLines},
+    {"UO", false, replace, kAlone, unformattedRecords},
+    {"BO", false, replace, kAlone, littleEndianBytes},
+    {"BN", false, replace, kAlone, bigEndianBytes},
+    {"AB", false, append, kShared, littleEndianBytes},
+    {"SB", false, keep, kShared, littleEndianBytes},
+    {"SE", false, keep, kShared, bigEndianBytes},
+    {"IO", false, readWrite, kShared, textLines},
+};
+
+}  // namespace
+
+const OpenMode* findOpenMode(std::string_view code) {
+    for (const OpenMode& mode : kModes)
+        if (mode.code == code) return &mode;
+    return nullptr;
+}
+
+}  // namespace vantelgis

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "text/text.h"
+
+/// Everything that the program asks of the operating system. Names are given in the user's
+/// spelling; only this layer turns them into the system's own form. Nothing here prints.
+namespace vantelgis::platform {
+
+/// What happens to a file that is opened.
+enum class Access {
+    read,       ///< must exist; nothing is written
+    replace,    ///< emptied, or created
+    keep,       ///< kept as it is, or created; written from its start
+    append,     ///< kept, or created; written from its end
+    readWrite,  ///< kept, or created; both read and written
+};
+
+/// Whether others may have the file open meanwhile. Only Windows knows the difference.
+enum class Sharing { full, refuseWriters };
+
+using FileHandle = std::intptr_t;
+inline constexpr FileHandle kNoFile = -1;
+
+/// Which file a name or handle stands for, whatever its spelling.
+struct FileIdentity {
+    std::uint64_t volume = 0;
+    std::uint64_t index = 0;
+    bool operator==(const FileIdentity&) const = default;
+};
+
+/// Opens a file; kNoFile when the system refuses. With Access::read a name that doesn't exist under
+/// its exact spelling stands for the only file of that folder that differs in case alone.
+[[nodiscard]] FileHandle openFile(std::string_view name, Access access, Sharing sharing);
+[[nodiscard]] bool closeFile(FileHandle file);
+
+/// Reads at most `size` bytes. Gives their number, 0 at the end of the file, -1 at a failure.
+[[nodiscard]] std::int64_t readFile(FileHandle file, char* out, std::size_t size);
+/// Writes all `size` bytes, or gives false.
+[[nodiscard]] bool writeFile(FileHandle file, const char* bytes, std::size_t size);
+/// Moves to a byte position counted from 0.
+[[nodiscard]] bool seekFile(FileHandle file, std::int64_t position);
+/// Cuts the file to nothing and moves to its start.
+[[nodiscard]] bool emptyFile(FileHandle file);
+/// The file's length in bytes, -1 when it can't be told.
+[[nodiscard]] std::int64_t fileSize(FileHandle file);
+
+/// A file, not a folder, of exactly this name is there.
+[[nodiscard]] bool fileExists(std::string_view name);
+/// The same for a name that is to be read: the case of its letters is forgiven as in openFile.
+[[nodiscard]] bool inputExists(std::string_view name);
+/// False when there is no such file.
+[[nodiscard]] bool identify(std::string_view name, FileIdentity& identity);
+[[nodiscard]] bool identify(FileHandle file, FileIdentity& identity);
+
+/// Reads at most `size` bytes of standard input: their number, 0 at its end or at a failure.
+[[nodiscard]] std::size_t readStandardInput(char* out, std::size_t size);
+/// Writes to standard output. What the system refuses is lost: there is nowhere to tell it.
+void writeStandardOutput(const char* bytes, std::size_t size);
+[[nodiscard]] bool standardOutputIsTerminal();
+/// The line end of the platform's console.
+[[nodiscard]] std::string_view consoleLineEnd();
+
+struct Date {
+    int year;   ///< such as 2024
+    int month;  ///< 1 to 12
+    int day;    ///< 1 to 31
+};
+[[nodiscard]] Date localDate();
+
+/// Ends the process at once with exit status 0.
+[[noreturn]] void exitProcess();
+
+}  // namespace vantelgis::platform

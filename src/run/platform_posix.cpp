@@ -1,0 +1,156 @@
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <ctime>
+#include <string>
+
+#include "run/platform.h"
+#include "text/characters.h"
+
+namespace vantelgis::platform {
+
+namespace {
+
+std::string systemName(std::string_view name) {
+    std::string result(name);
+    std::replace(result.begin(), result.end(), '\\', '/');
+    return result;
+}
+
+bool isFile(const std::string& name) {
+    struct stat status {};
+    return stat(name.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+// The name under which an input is opened: itself, or the one file that differs in case alone.
+std::string inputName(std::string_view name) {
+    std::string result = systemName(name);
+    if (isFile(result)) return result;
+    const std::size_t slash = result.rfind('/');
+    const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
+    const std::string folder = start == 0 ? "." : result.substr(0, start);
+    DIR* entries = opendir(folder.c_str());
+    if (entries == nullptr) return result;
+    std::string match;
+    int matches = 0;
+    while (const dirent* entry = readdir(entries)) {
+        if (!sameIgnoringCase(entry->d_name, std::string_view(result).substr(start))) continue;
+        const std::string candidate = result.substr(0, start) + entry->d_name;
+        if (!isFile(candidate)) continue;
+        match = candidate;
+        ++matches;
+    }
+    closedir(entries);
+    return matches == 1 ? match : result;
+}
+
+int openFlags(Access access) {
+    switch (access) {
+        case Access::read: return O_RDONLY;
+        case Access::replace: return O_WRONLY | O_CREAT | O_TRUNC;
+        case Access::keep: return O_WRONLY | O_CREAT;
+        case Access::append: return O_WRONLY | O_CREAT | O_APPEND;
+        case Access::readWrite: return O_RDWR | O_CREAT;
+    }
+    return O_RDONLY;
+}
+
+int descriptor(FileHandle file) { return static_cast<int>(file); }
+
+FileIdentity identityOf(const struct stat& status) {
+    return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
+}
+
+bool writeAll(int file, const char* bytes, std::size_t size) {
+    while (size > 0) {
+        const ssize_t written = write(file, bytes, size);
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return false;
+        bytes += written;
+        size -= static_cast<std::size_t>(written);
+    }
+    return true;
+}
+
+ssize_t readOnce(int file, char* out, std::size_t size) {
+    ssize_t count;
+    do {
+        count = read(file, out, size);
+    } while (count < 0 && errno == EINTR);
+    return count;
+}
+
+}  // namespace
+
+FileHandle openFile(std::string_view name, Access access, Sharing /*sharing*/) {
+    const std::string path = access == Access::read ? inputName(name) : systemName(name);
+    return open(path.c_str(), openFlags(access) | O_CLOEXEC, 0666);
+}
+
+bool closeFile(FileHandle file) { return close(descriptor(file)) == 0; }
+
+std::int64_t readFile(FileHandle file, char* out, std::size_t size) {
+    return readOnce(descriptor(file), out, size);
+}
+
+bool writeFile(FileHandle file, const char* bytes, std::size_t size) {
+    return writeAll(descriptor(file), bytes, size);
+}
+
+bool seekFile(FileHandle file, std::int64_t position) {
+    return lseek(descriptor(file), position, SEEK_SET) == position;
+}
+
+bool emptyFile(FileHandle file) { return ftruncate(descriptor(file), 0) == 0 && seekFile(file, 0); }
+
+std::int64_t fileSize(FileHandle file) {
+    struct stat status {};
+    return fstat(descriptor(file), &status) == 0 ? status.st_size : -1;
+}
+
+bool fileExists(std::string_view name) { return isFile(systemName(name)); }
+
+bool inputExists(std::string_view name) { return isFile(inputName(name)); }
+
+bool identify(std::string_view name, FileIdentity& identity) {
+    struct stat status {};
+    if (stat(systemName(name).c_str(), &status) != 0) return false;
+    identity = identityOf(status);
+    return true;
+}
+
+bool identify(FileHandle file, FileIdentity& identity) {
+    struct stat status {};
+    if (fstat(descriptor(file), &status) != 0) return false;
+    identity = identityOf(status);
+    return true;
+}
+
+std::size_t readStandardInput(char* out, std::size_t size) {
+    const ssize_t count = readOnce(STDIN_FILENO, out, size);
+    return count > 0 ? static_cast<std::size_t>(count) : 0;
+}
+
+void writeStandardOutput(const char* bytes, std::size_t size) {
+    static_cast<void>(writeAll(STDOUT_FILENO, bytes, size));
+}
+
+bool standardOutputIsTerminal() { return isatty(STDOUT_FILENO) == 1; }
+
+std::string_view consoleLineEnd() { return "\n"; }
+
+Date localDate() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
+}
+
+void exitProcess() { _exit(0); }
+
+}  // namespace vantelgis::platform

@@ -1,0 +1,64 @@
+#include "run/stop.h"
+
+#include "run/console.h"
+#include "run/units.h"
+
+namespace vantelgis {
+
+void EXITS() {
+    closeAllUnits();
+    consoleLine();
+    consolePause("Press Enter to Close");
+    endRun();
+}
+
+void endRun() {
+    closeAllUnits();
+    consoleFlush();
+    endProcess();
+}
+
+void stopWithText(std::string_view text) {
+    consoleLine(text);
+    endRun();
+}
+
+namespace {
+
+[[noreturn]] void stopBehindPause(std::string_view text) {
+    consoleLine();
+    consoleLine(text);
+    consolePause("");
+    endRun();
+}
+
+[[noreturn]] void stopAboutFile(std::string_view text, std::string_view name) {
+    consoleLine();
+    consoleLine(text, name);
+    EXITS();
+}
+
+}  // namespace
+
+void stopReadingData() { stopBehindPause("ERROR - Reading data"); }
+
+void stopEndOfFile() { stopBehindPause("ERROR - End of File encountered"); }
+
+void stopUnanswered() {
+    consoleLine();
+    consoleLine("ERROR - End of File encountered");
+    EXITS();
+}
+
+void stopWritingFile(std::string_view name) { stopAboutFile("ERROR - Writing file ", name); }
+
+void stopReadingFile(std::string_view name) { stopAboutFile("ERROR - Reading file ", name); }
+
+void stopOpeningFile(std::string_view name) { stopAboutFile("ERROR - Can't open file: ", name); }
+
+void stopShouldNotBeHere(std::string_view where) {
+    consoleLine(" Should not be here [", where, "] - please contact ", SUPPORT_ADDRESS, ".");
+    EXITS();
+}
+
+}  // namespace vantelgis

@@ -1,0 +1,182 @@
+#include "run/unit_reading.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "run/stop.h"
+
+namespace vantelgis {
+
+namespace {
+
+OpenFile& readableFile(int unit) {
+    OpenFile& file = fileOf(unit);
+    if (file.handle == platform::kNoFile) stopReadingData();
+    return file;
+}
+
+// Moves the bytes from `keepFrom` on to the buffer's start and reads behind them. False when
+// nothing more comes.
+bool refill(OpenFile& file, std::size_t keepFrom) {
+    if (file.ended) return false;
+    const std::size_t kept = file.end - keepFrom;
+    if (keepFrom > 0) std::memmove(file.buffer, file.buffer + keepFrom, kept);
+    file.bufferStart += static_cast<std::int64_t>(keepFrom);
+    file.begin -= keepFrom;
+    file.end = kept;
+    const std::int64_t count = platform::readFile(file.handle, file.buffer + kept, kBufferSize - kept);
+    if (count > 0) {
+        file.end += static_cast<std::size_t>(count);
+        return true;
+    }
+    file.ended = true;
+    file.failed = count < 0;
+    return false;
+}
+
+bool hasBytes(OpenFile& file) { return file.begin < file.end || refill(file, file.begin); }
+
+ReadResult endOrFailure(const OpenFile& file) {
+    return file.failed ? ReadResult::failed : ReadResult::end;
+}
+
+void moveTo(OpenFile& file, std::int64_t position) {
+    const std::int64_t bufferEnd = file.bufferStart + static_cast<std::int64_t>(file.end);
+    if (position >= file.bufferStart && position <= bufferEnd) {
+        file.begin = static_cast<std::size_t>(position - file.bufferStart);
+        return;
+    }
+    file.begin = file.end = 0;
+    file.bufferStart = position;
+    file.failed = !platform::seekFile(file.handle, position);
+    file.ended = file.failed;
+}
+
+std::string_view withoutCarriageReturn(const char* begin, const char* end) {
+    if (end != begin && end[-1] == '\r') --end;
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+// A line that fills the whole buffer: its first characters stay, the rest is read over.
+ReadResult readLongLine(OpenFile& file, std::string_view& line) {
+    char* lineEnd = nullptr;
+    do {
+        file.bufferStart += static_cast<std::int64_t>(file.end - kLongestLine);
+        file.end = file.begin = kLongestLine;
+        if (!refill(file, 0)) break;
+        lineEnd = static_cast<char*>(
+            std::memchr(file.buffer + kLongestLine, '\n', file.end - kLongestLine));
+    } while (lineEnd == nullptr);
+    if (file.failed) return ReadResult::failed;
+    file.begin = lineEnd == nullptr ? file.end
+                                    : static_cast<std::size_t>(lineEnd - file.buffer) + 1;
+    line = {file.buffer, kLongestLine};
+    return ReadResult::ok;
+}
+
+// The line at `begin` has no end among the bytes at hand.
+ReadResult readSplitLine(OpenFile& file, std::string_view& line) {
+    while (refill(file, file.begin)) {
+        const char* const start = file.buffer + file.begin;
+        const auto* const lineEnd =
+            static_cast<const char*>(std::memchr(start, '\n', file.end - file.begin));
+        if (lineEnd != nullptr) {
+            line = withoutCarriageReturn(start, lineEnd);
+            file.begin = static_cast<std::size_t>(lineEnd - file.buffer) + 1;
+            return ReadResult::ok;
+        }
+        if (file.end - file.begin == kBufferSize) return readLongLine(file, line);
+    }
+    if (file.failed || file.begin == file.end) return endOrFailure(file);
+    line = withoutCarriageReturn(file.buffer + file.begin, file.buffer + file.end);
+    file.begin = file.end;
+    return ReadResult::ok;
+}
+
+}  // namespace
+
+ReadResult readLine(int unit, std::string_view& line) {
+    OpenFile& file = readableFile(unit);
+    file.lineStart = file.bufferStart + static_cast<std::int64_t>(file.begin);
+    const char* const start = file.buffer + file.begin;
+    const auto* const lineEnd =
+        static_cast<const char*>(std::memchr(start, '\n', file.end - file.begin));
+    if (lineEnd == nullptr) return readSplitLine(file, line);
+    file.begin = static_cast<std::size_t>(lineEnd - file.buffer) + 1;
+    line = withoutCarriageReturn(start, lineEnd);
+    return ReadResult::ok;
+}
+
+bool atEnd(int unit) { return !hasBytes(readableFile(unit)); }
+
+void rewindUnit(int unit) {
+    OpenFile& file = readableFile(unit);
+    moveTo(file, 0);
+    file.lineStart = 0;
+}
+
+void backspaceUnit(int unit) {
+    OpenFile& file = readableFile(unit);
+    moveTo(file, file.lineStart);
+}
+
+ReadResult readBytes(int unit, void* out, std::size_t size) {
+    OpenFile& file = readableFile(unit);
+    auto* target = static_cast<char*>(out);
+    while (size > 0) {
+        if (!hasBytes(file)) return endOrFailure(file);
+        const std::size_t n = std::min(size, file.end - file.begin);
+        std::memcpy(target, file.buffer + file.begin, n);
+        file.begin += n;
+        target += n;
+        size -= n;
+    }
+    return ReadResult::ok;
+}
+
+ReadResult skipBytes(int unit, std::int64_t count) {
+    OpenFile& file = readableFile(unit);
+    const auto atHand = static_cast<std::int64_t>(file.end - file.begin);
+    if (count <= atHand) {
+        file.begin += static_cast<std::size_t>(count);
+        return ReadResult::ok;
+    }
+    const std::int64_t position = file.bufferStart + static_cast<std::int64_t>(file.begin);
+    const std::int64_t size = platform::fileSize(file.handle);
+    const bool cutOff = count > size - position;
+    moveTo(file, cutOff ? size : position + count);
+    return file.failed ? ReadResult::failed : cutOff ? ReadResult::end : ReadResult::ok;
+}
+
+std::string_view readSome(int unit, std::size_t most) {
+    OpenFile& file = readableFile(unit);
+    if (!hasBytes(file)) return {};
+    const std::size_t n = std::min(most, file.end - file.begin);
+    const std::string_view bytes{file.buffer + file.begin, n};
+    file.begin += n;
+    return bytes;
+}
+
+namespace {
+
+// The next real of a list that goes on from line to line.
+Item takeAcrossLines(int unit, FreeFormat& list, double& target, std::size_t capacity) {
+    Item item;
+    while ((item = takeReal(list, target)) == Item::end) {
+        std::string_view line;
+        const ReadResult result = readLine(unit, line);
+        if (result != ReadResult::ok) return result == ReadResult::end ? Item::end : Item::bad;
+        list.continueWith(line.substr(0, capacity));
+    }
+    return item;
+}
+
+}  // namespace
+
+Item readPair(int unit, double& x, double& y, std::size_t capacity) {
+    FreeFormat list{{}};
+    const Item first = takeAcrossLines(unit, list, x, capacity);
+    return taken(first) ? takeAcrossLines(unit, list, y, capacity) : first;
+}
+
+}  // namespace vantelgis

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "run/byte_order.h"
+#include "run/units.h"
+#include "text/free_format.h"
+
+namespace vantelgis {
+
+enum class ReadResult {
+    ok,
+    end,     ///< no byte was left, or fewer than wanted
+    failed,  ///< the system reports a failure
+};
+
+/// Characters of a line that are kept; what is longer is cut there and stays one line. It is more
+/// than any reader's own capacity.
+inline constexpr std::size_t kLongestLine = 100'000;
+
+/// The next line without its end (LF or CR LF; the last line needs none), as a view that is valid
+/// until the next operation on that unit. A caller with a smaller capacity cuts the view.
+ReadResult readLine(int unit, std::string_view& line);
+
+/// True when the next read would meet the end of the file, also after a failed read.
+bool atEnd(int unit);
+
+/// Goes back to the start of the file.
+void rewindUnit(int unit);
+
+/// Goes back to the start of the line read last.
+void backspaceUnit(int unit);
+
+/// Exactly `size` bytes into `out`.
+ReadResult readBytes(int unit, void* out, std::size_t size);
+
+/// Passes over `count` bytes (not below 0); `end` when the file has fewer.
+ReadResult skipBytes(int unit, std::int64_t count);
+
+/// A view of the next bytes, at least 1 and at most `most` of them, which are then taken. Empty at
+/// the end of the file or at a failure (`atEnd` is then true).
+std::string_view readSome(int unit, std::size_t most);
+
+/// One number in the byte order of the unit's mode.
+template <typename Number>
+ReadResult readValue(int unit, Number& value) {
+    char bytes[sizeof(Number)];
+    const ReadResult result = readBytes(unit, bytes, sizeof bytes);
+    if (result == ReadResult::ok) {
+        const bool bigEndian = fileOf(unit).mode->content == Content::bigEndianBytes;
+        value = bigEndian ? fromBigEndian<Number>(bytes) : fromLittleEndian<Number>(bytes);
+    }
+    return result;
+}
+
+/// Two reals in free format from the next line and, if that holds too few, the ones behind it;
+/// what stands behind the second number is dropped. Each line counts by its first `capacity`
+/// characters. `Item::bad` also stands for a failed read.
+Item readPair(int unit, double& x, double& y, std::size_t capacity);
+
+}  // namespace vantelgis

@@ -1,0 +1,67 @@
+#include "run/unit_writing.h"
+
+#include <algorithm>
+
+#include "run/stop.h"
+
+namespace vantelgis {
+
+bool flushFile(OpenFile& file) {
+    if (file.mode->input) return true;
+    if (file.end > 0 && !file.failed) {
+        file.failed = file.handle == platform::kNoFile ||
+                      !platform::writeFile(file.handle, file.buffer, file.end);
+    }
+    file.bufferStart += static_cast<std::int64_t>(file.end);
+    file.end = 0;
+    return !file.failed;
+}
+
+OpenFile& makeRoom(int unit, std::size_t size) {
+    OpenFile& file = fileOf(unit);
+    if (kBufferSize - file.end < size || file.handle == platform::kNoFile) {
+        if (!flushFile(file) && !file.ownerReports) stopWritingFile(file.name);
+    }
+    return file;
+}
+
+void put(int unit, std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t n = std::min(text.size(), kLargestReserve);
+        OpenFile& file = makeRoom(unit, n);
+        std::memcpy(file.buffer + file.end, text.data(), n);
+        file.end += n;
+        text.remove_prefix(n);
+    }
+}
+
+void endLine(int unit) { put(unit, "\r\n"); }
+
+void putLine(int unit, std::string_view text) {
+    put(unit, withoutTrailingBlanks(text));
+    endLine(unit);
+}
+
+void ownerReportsWriteFailures(int unit) { fileOf(unit).ownerReports = true; }
+
+bool writeFailed(int unit) { return fileOf(unit).failed; }
+
+bool flushUnit(int unit) { return flushFile(fileOf(unit)); }
+
+bool patchBytes(int unit, std::int64_t position, std::string_view bytes) {
+    if (!flushUnit(unit)) return false;
+    OpenFile& file = fileOf(unit);
+    file.failed = !platform::seekFile(file.handle, position) ||
+                  !platform::writeFile(file.handle, bytes.data(), bytes.size());
+    return !file.failed;
+}
+
+bool emptyUnit(int unit) {
+    if (!flushUnit(unit)) return false;
+    OpenFile& file = fileOf(unit);
+    file.failed = !platform::emptyFile(file.handle);
+    file.bufferStart = 0;
+    return !file.failed;
+}
+
+}  // namespace vantelgis

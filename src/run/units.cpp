@@ -1,0 +1,112 @@
+#include "run/units.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "run/console.h"
+#include "run/stop.h"
+#include "run/unit_writing.h"
+
+namespace vantelgis {
+
+namespace {
+
+constexpr int kLowestBase = 9;
+
+struct UnitTable {
+    int base = kLowestBase;
+    Unit units[kUnitCount];
+    std::vector<std::unique_ptr<OpenFile>> spares;  // closed files whose buffers are used again
+};
+UnitTable table;
+
+std::unique_ptr<OpenFile> newOpenFile() {
+    if (table.spares.empty()) return std::make_unique_for_overwrite<OpenFile>();
+    std::unique_ptr<OpenFile> file = std::move(table.spares.back());
+    table.spares.pop_back();
+    return file;
+}
+
+}  // namespace
+
+void FILESINIT(int base) {
+    table.base = std::max(kLowestBase, base);
+    for (int k = 0; k < kUnitCount; ++k) {
+        Unit& unit = table.units[k];
+        static_cast<void>(closeFileOf(unit));
+        unit.number = table.base + k + 1;
+        unit.used = false;
+    }
+}
+
+Unit* freeUnit() {
+    Unit* const end = table.units + kUnitCount;
+    Unit* const found = std::find_if(table.units, end, [](const Unit& unit) { return !unit.used; });
+    return found == end ? nullptr : found;
+}
+
+Unit* findUnit(int unit) {
+    const int slot = unit - table.base - 1;
+    return slot >= 0 && slot < kUnitCount ? &table.units[slot] : nullptr;
+}
+
+OpenFile& fileOf(int unit) {
+    Unit* const slot = findUnit(unit);
+    if (slot == nullptr || !slot->file) stopReadingData();
+    return *slot->file;
+}
+
+int unitOf(const platform::FileIdentity& identity) {
+    for (const Unit& unit : table.units)
+        if (unit.file && unit.file->handle != platform::kNoFile && unit.file->identity == identity)
+            return unit.number;
+    return 0;
+}
+
+void attachFile(Unit& unit, platform::FileHandle handle, const OpenMode& mode,
+                std::string_view name) {
+    unit.file = newOpenFile();
+    OpenFile& file = *unit.file;
+    file.handle = handle;
+    file.mode = &mode;
+    if (!platform::identify(handle, file.identity)) file.identity = {};
+    file.name = name;
+    file.begin = file.end = 0;
+    file.bufferStart = file.lineStart = 0;
+    file.ended = file.failed = file.ownerReports = false;
+}
+
+bool closeFileOf(Unit& unit) {
+    if (!unit.file) return true;
+    const bool written = closeUnderOwner(unit);
+    table.spares.push_back(std::move(unit.file));
+    return written;
+}
+
+bool closeUnderOwner(Unit& unit) {
+    OpenFile& file = *unit.file;
+    if (file.handle == platform::kNoFile) return !file.failed;
+    const bool written = flushFile(file);
+    const bool closed = platform::closeFile(file.handle);
+    file.handle = platform::kNoFile;
+    return written && closed;
+}
+
+void closeAllUnits() {
+    for (Unit& unit : table.units) {
+        if (unit.file) {
+            const bool told = unit.file->failed;  // its owner has said so
+            if (!closeFileOf(unit) && !told)
+                consoleLine("\nERROR - Writing file ", table.spares.back()->name);
+        }
+        unit.used = false;
+    }
+}
+
+std::string_view unitName(int unit) {
+    const Unit* const slot = findUnit(unit);
+    return slot != nullptr && slot->file ? slot->file->name.view() : std::string_view{};
+}
+
+}  // namespace vantelgis
