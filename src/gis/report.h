@@ -1,0 +1,58 @@
+#pragma once
+
+#include <concepts>
+#include <string_view>
+
+#include "run/stop.h"
+#include "text/number_field.h"
+#include "text/text.h"
+
+namespace vantelgis {
+
+/// The lines of the next message of the GIS subsystem; a report sets all four.
+extern Text<1000> gisMsg[4];
+
+/// Writes `nBlank` empty lines, gisMsg[0], and each of the other lines that is not blank.
+void gisReport(int nBlank);
+
+/// Sets the four lines of gisMsg.
+void gisSetMessage(std::string_view line1, std::string_view line2 = {}, std::string_view line3 = {},
+                   std::string_view line4 = {});
+
+/// Texts and integers one behind the other, as one line of a message.
+class MessageLine {
+  public:
+    template <typename... Parts>
+    explicit MessageLine(const Parts&... parts) {
+        (add(parts), ...);
+    }
+    operator std::string_view() const { return text_; }
+
+  private:
+    void add(std::string_view text) {
+        // An inner blank at the end of a part counts until the line is complete.
+        const std::size_t n = std::min(text.size(), sizeof buffer_ - length_);
+        std::memcpy(buffer_ + length_, text.data(), n);
+        length_ += n;
+        text_ = {buffer_, length_};
+    }
+    void add(std::integral auto value) { add(std::string_view(IntegerText(value))); }
+
+    char buffer_[1000];
+    std::size_t length_ = 0;
+    std::string_view text_;
+};
+
+/// Reports a message of one line, made of texts and integers, and stops the run through EXITS.
+template <typename... Parts>
+[[noreturn]] void gisStop(const Parts&... parts) {
+    gisSetMessage(MessageLine(parts...));
+    gisReport(1);
+    EXITS();
+}
+
+/// The node limit of every reader: stops with ERROR 0310 when `requested` is above `limit`. `what`
+/// is "polyline or region" with the format's own word before it where it has one.
+void gisCheckNodes(std::int64_t requested, std::int32_t limit, std::string_view what);
+
+}  // namespace vantelgis
