@@ -1,6 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "run/stop.h"
@@ -26,21 +30,18 @@ class MessageLine {
     explicit MessageLine(const Parts&... parts) {
         (add(parts), ...);
     }
-    operator std::string_view() const { return text_; }
+    operator std::string_view() const { return {buffer_, length_}; }
 
   private:
     void add(std::string_view text) {
-        // An inner blank at the end of a part counts until the line is complete.
         const std::size_t n = std::min(text.size(), sizeof buffer_ - length_);
         std::memcpy(buffer_ + length_, text.data(), n);
         length_ += n;
-        text_ = {buffer_, length_};
     }
     void add(std::integral auto value) { add(std::string_view(IntegerText(value))); }
 
     char buffer_[1000];
     std::size_t length_ = 0;
-    std::string_view text_;
 };
 
 /// Reports a message of one line, made of texts and integers, and stops the run through EXITS.
