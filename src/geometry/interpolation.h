@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+
+namespace vantelgis {
+
+/// The elevation that says that there is none.
+inline constexpr float kNullElevation = -99999.0F;
+
+/// The elevation at (x, y) of the plane through three corners, in `z`. False, with the null
+/// elevation, when the line from the third corner through the point doesn't meet the line of the
+/// first two. The point may lie outside the triangle.
+extern "C" bool INTERPOLATE_TRIANGLE(float x, float y, const float tx[3], const float ty[3],
+                                     const float tz[3], float& z);
+extern "C" bool INTERPOLATE_TRIANGLE_8(double x, double y, const double tx[3], const double ty[3],
+                                       const float tz[3], float& z);
+
+/// The elevation at a point inside an element of 3 or 4 corners, in `z`; with 4 the mean over those
+/// triangles of three corners that hold the point. `xmin` is the element's smallest x. False, with
+/// the null elevation, outside the element and for any other number of corners.
+extern "C" bool INTERPOLATE_ELEMENT_8(double x, double y, const double* ex, const double* ey,
+                                      const float* ez, std::int32_t corners, double xmin, float& z);
+
+}  // namespace vantelgis
