@@ -14,6 +14,7 @@ struct RunSettings {
     bool useShp = false;  ///< an archive is written as shapefiles; or File 1 is a .shp
     bool wantXs = false;
     bool wantZln = false;
+    bool wantHip = false;
     bool wantResults = false;
     bool noFinalPause = false;
     bool haveOutput = false;

@@ -1,0 +1,67 @@
+#include "driver/output_name.h"
+
+#include <string_view>
+
+#include "driver/projection.h"
+#include "run/console.h"
+#include "run/opener.h"
+#include "run/stop.h"
+#include "text/paths.h"
+
+namespace vantelgis {
+
+namespace {
+
+[[noreturn]] void stopWithoutFormat() {
+    consoleLine("\nERROR - Must specify output format with -shp or -mif.");
+    EXITS();
+}
+
+std::string_view wantedExtension(const RunSettings& run) {
+    if (run.useMif) return ".mif";
+    if (run.useShp) return ".shp";
+    stopWithoutFormat();
+}
+
+// A blank name can't be opened: the opener says so and ends the run before any other file is
+// touched.
+void refuseBlankName(const RunSettings& run) {
+    int unit = 0;
+    if (run.outputFile.blank()) FILEOPEN(unit, "O ", run.outputFile);
+}
+
+void checkGivenLayerName(RunSettings& run) {
+    consoleLine("\nUsing specified output filename: ", run.outputFile);
+    Text<16> extension;
+    FILEEXT(extension, run.outputFile);
+    if (extension == ".mif" || extension == ".shp") {
+        consoleLine("\nOutput file has extention \"", extension, "\", outputting in this format.");
+        return;
+    }
+    const std::string_view wanted = wantedExtension(run);
+    consoleLine("\nAppending \"", wanted, "\" to filename.");
+    refuseBlankName(run);
+    run.outputFile += wanted;
+}
+
+}  // namespace
+
+void nameArchive(RunSettings& run) {
+    if (!run.haveOutput) {
+        FILENAMEPATH(run.outputFile, hasFile2(run) ? run.inputFile2 : run.inputFile1);
+        run.outputFile += ".12da";
+        return;
+    }
+    refuseBlankName(run);
+    Text<16> extension;
+    FILEEXT(extension, run.outputFile);
+    if (extension != ".12da") run.outputFile += ".12da";
+}
+
+void nameLayer(RunSettings& run) {
+    if (run.haveOutput) return checkGivenLayerName(run);
+    run.outputFile = run.inputFile1;
+    run.outputFile += wantedExtension(run);
+}
+
+}  // namespace vantelgis

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "driver/run_settings.h"
+
+namespace vantelgis {
+
+/// Works out `outputFile` of a conversion to an archive.
+void nameArchive(RunSettings& run);
+
+/// Works out `outputFile` of a conversion to a layer, and so the layer's format, and tells what it
+/// does about a name that was given. Stops the run when no format is known.
+void nameLayer(RunSettings& run);
+
+}  // namespace vantelgis

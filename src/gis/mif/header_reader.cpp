@@ -1,0 +1,73 @@
+#include <algorithm>
+
+#include "gis/mif/reader.h"
+#include "gis/report.h"
+#include "run/console.h"
+#include "run/unit_reading.h"
+#include "text/characters.h"
+#include "text/free_format.h"
+
+namespace vantelgis {
+
+namespace {
+
+// The number of columns stands behind the word Columns and one more character.
+constexpr std::size_t kCountColumn = 8;
+
+std::int32_t readFieldCount(int mifUnit) {
+    std::string_view line = "XXX";  // no word test holds on it
+    while (!beginsWith(line, "Columns") && !atEnd(mifUnit)) {
+        if (readLine(mifUnit, line) != ReadResult::ok)
+            gisStop("ERROR 0315 - Could not find start of attribute definitions in .mif file");
+    }
+    FreeFormat list{fromColumn(line.substr(0, Line::capacity()), kCountColumn)};
+    std::int32_t count = 0;
+    if (!taken(takeInteger(list, count)))
+        gisStop("ERROR 0314 - Could not read number of attributes in .mif file");
+    if (count < 1) gisStop("ERROR 0319 - No attributes specified in .mif file.");
+    return count;
+}
+
+void readField(mifL_& layer, std::int32_t i) {
+    std::string_view line;
+    if (readLine(layer.mifUnit, line) != ReadResult::ok)
+        gisStop("ERROR 0316 - Could not read attribute definitions in .mif file");
+    if (i >= kMaxMifFields) return;
+    line = withoutLeadingBlanks(line.substr(0, Line::capacity()));
+    const std::size_t blank = std::min(line.find(' '), line.size());
+    layer.attrName[i] = line.substr(0, blank);
+    layer.attrType[i] = line.substr(std::min(blank + 1, line.size()));
+}
+
+void tellFields(const mifL_& layer) {
+    consoleText(layer.nAttr, " MIF Fields: Name [#/Type]: ");
+    for (int i = 0; i < layer.nAttr; ++i)
+        consoleText(layer.attrName[i], " [", i + 1, "/", layer.attrType[i], "]  ");
+    consoleLine();
+}
+
+void readToData(int mifUnit) {
+    std::string_view line = "XXX";
+    while (!beginsWith(line, "Data")) {
+        if (readLine(mifUnit, line) != ReadResult::ok)
+            gisStop("ERROR 0313 - Could not find start of \"Data\" block in .mif file.");
+    }
+}
+
+}  // namespace
+
+void gisMifReadHeader(mifL_& layer) {
+    rewindUnit(layer.mifUnit);
+    const std::int32_t count = readFieldCount(layer.mifUnit);
+    for (std::int32_t i = 0; i < count; ++i) readField(layer, i);
+    layer.nAttr = std::min(count, kMaxMifFields);
+    tellFields(layer);
+    readToData(layer.mifUnit);
+}
+
+void gisMifSkipToData(int mifUnit) {
+    rewindUnit(mifUnit);
+    readToData(mifUnit);
+}
+
+}  // namespace vantelgis

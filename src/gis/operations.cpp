@@ -1,0 +1,183 @@
+#include "gis/operations.h"
+
+#include "gis/measures.h"
+#include "gis/mif/reader.h"
+#include "gis/mif/writer.h"
+#include "gis/report.h"
+#include "run/console.h"
+#include "run/stop.h"
+#include "run/unit_reading.h"
+#include "run/unit_writing.h"
+
+namespace vantelgis {
+
+namespace {
+
+// The layer of a handle, with a kind that has files.
+GisLayer& usableLayer(int gisID, std::string_view operation) {
+    if (gisID < 1) {
+        consoleLine("Should not be here ", operation, "[gisID=0] - please contact ",
+                    SUPPORT_ADDRESS, ".");
+        EXITS();
+    }
+    if (gisID > kMaxLayers || gisLayer(gisID).kind == GisKind::none) stopShouldNotBeHere(operation);
+    return gisLayer(gisID);
+}
+
+[[noreturn]] void stopAboutRecord(std::string_view failure, const GisObject& object) {
+    gisStop("ERROR 0254 - Failed to ", failure, " data record for a ", object.objName,
+            " object in GIS layer.");
+}
+
+void readMidRecord(const mifL_& mif, const GisObject& object, TextRef record) {
+    std::string_view line;
+    if (readLine(mif.midUnit, line) != ReadResult::ok)
+        stopAboutRecord("read object attribute", object);
+    record.assign(line);
+}
+
+void numberedLine(std::string_view label, std::int32_t value) {
+    constexpr int kColumns = 5;
+    char columns[kColumns];
+    integerField(columns, value, kColumns);
+    consoleLine(label, std::string_view(columns, kColumns));
+}
+
+// Parts have to start at rising nodes.
+void checkParts(int gisID, GisObject& object) {
+    if (object.nr < 1) object.nr = 1;
+    if (object.ir[0] < 1) object.ir[0] = 1;
+    for (std::int32_t i = 2; i <= object.nr; ++i) {
+        const auto index = static_cast<std::size_t>(i) - 1;
+        if (object.ir[index] > object.ir[index - 1]) continue;
+        consoleLine(" Should not be here [gisO_%ir(i) <= gisO_%ir(i-1)] - please contact ",
+                    SUPPORT_ADDRESS, ".");
+        numberedLine("GIS Layer   =", gisID);
+        numberedLine("i           =", i);
+        numberedLine("gisO_%ir(i) =", object.ir[index]);
+        numberedLine("gisO_%nr    =", object.nr);
+        EXITS();
+    }
+}
+
+}  // namespace
+
+void gisReadHeader(int gisID) {
+    GisLayer& layer = usableLayer(gisID, "gisReadHeader");
+    switch (layer.kind) {
+        case GisKind::mif:
+            gisMifReadHeader(layer.mif);
+            break;
+        default:
+            stopShouldNotBeHere("gisReadHeader");
+    }
+}
+
+void gisGotoBeginningOfData(int gisID) {
+    GisLayer& layer = usableLayer(gisID, "gisGotoBeginningOfData");
+    consoleLine(" Rewinding GIS Layer ", gisID, "...");
+    layer.atEnd = false;
+    switch (layer.kind) {
+        case GisKind::mif:
+            gisMifSkipToData(layer.mif.mifUnit);
+            rewindUnit(layer.mif.midUnit);
+            break;
+        default:
+            stopShouldNotBeHere("gisGotoBeginningOfData");
+    }
+}
+
+bool gisObjectType(int gisID, GisObject& object) {
+    GisLayer& layer = usableLayer(gisID, "gisObjectType");
+    object.clear();
+    bool found = false;
+    switch (layer.kind) {
+        case GisKind::mif:
+            found = gisMifObjectType(layer.mif.mifUnit, layer.mif.line, layer.mif.rest, object);
+            layer.atEnd = atEnd(layer.mif.mifUnit);
+            break;
+        default:
+            stopShouldNotBeHere("gisObjectType");
+    }
+    return found;
+}
+
+void gisReadRecord(int gisID, const GisObject& object, TextRef record) {
+    GisLayer& layer = usableLayer(gisID, "gisReadRecord");
+    record.clear();
+    switch (layer.kind) {
+        case GisKind::mif:
+            readMidRecord(layer.mif, object, record);
+            layer.atEnd = atEnd(layer.mif.midUnit);
+            break;
+        default:
+            stopShouldNotBeHere("gisReadRecord");
+    }
+}
+
+void gisReadObject(int gisID, GisObject& object, ObjectNodes& nodes) {
+    GisLayer& layer = usableLayer(gisID, "gisReadObject");
+    bool noCentreSeen = true;
+    switch (layer.kind) {
+        case GisKind::mif:
+            gisMifReadObject(layer.mif.mifUnit, layer.mif.rest, object, nodes, noCentreSeen);
+            layer.atEnd = atEnd(layer.mif.mifUnit);
+            break;
+        default:
+            stopShouldNotBeHere("gisReadObject");
+    }
+    measureObject(object, nodes, noCentreSeen);
+}
+
+void gisWriteHeader(int gisID) {
+    GisLayer& layer = usableLayer(gisID, "gisWriteHeader");
+    switch (layer.kind) {
+        case GisKind::mif:
+            gisMifWriteHeader(gisA_, layer.mif.mifUnit);
+            break;
+        default:
+            stopShouldNotBeHere("gisWriteHeader");
+    }
+}
+
+void gisWriteObject(int gisID, GisObject& object) {
+    GisLayer& layer = usableLayer(gisID, "gisWriteObject");
+    if (object.line || object.pline || object.plineMultiple || object.region)
+        checkParts(gisID, object);
+    switch (layer.kind) {
+        case GisKind::mif:
+            gisMifWriteObject(object, layer.mif.mifUnit);
+            break;
+        default:
+            stopShouldNotBeHere("gisWriteObject");
+    }
+}
+
+void gisWritePointAtNode(int gisID, GisObject& /*object*/, std::int32_t node) {
+    GisLayer& layer = usableLayer(gisID, "gisWriteObject");
+    switch (layer.kind) {
+        case GisKind::mif:
+            gisMifWritePointAtNode(node, layer.mif.mifUnit);
+            break;
+        default:
+            stopShouldNotBeHere("gisWriteObject");
+    }
+}
+
+void gisWriteRecord(int gisID, const GisObject& object) {
+    GisLayer& layer = usableLayer(gisID, "gisWriteRecord");
+    switch (layer.kind) {
+        case GisKind::mif:
+            putLine(layer.mif.midUnit, gisDataLine);
+            if (writeFailed(layer.mif.midUnit)) stopAboutRecord("write attribute", object);
+            break;
+        default:
+            stopShouldNotBeHere("gisWriteRecord");
+    }
+}
+
+bool gisAtEnd(int gisID) {
+    return gisLayer(gisID).atEnd;
+}
+
+}  // namespace vantelgis
