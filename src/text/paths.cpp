@@ -1,0 +1,170 @@
+#include "text/paths.h"
+
+#include <algorithm>
+
+#include "text/characters.h"
+#include "text/strings.h"
+
+namespace vantelgis {
+
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+
+std::string_view cutPath(std::string_view path) {
+    return withoutTrailingBlanks(path.substr(0, Path::capacity()));
+}
+
+// Columns count from 1, so that 0 is "none" and columns compare as they stand.
+std::size_t lastColumn(std::string_view path, std::string_view anyOf) {
+    return path.find_last_of(anyOf) + 1;
+}
+std::size_t separatorColumn(std::string_view path) {
+    return lastColumn(path, "\\/");
+}
+std::size_t dotColumn(std::string_view path) {
+    return lastColumn(path, ".");
+}
+std::size_t underscoreColumn(std::string_view path) {
+    return lastColumn(path, "_");
+}
+
+std::string_view extensionOf(std::string_view path) {
+    const std::size_t dot = dotColumn(path);
+    return dot != 0 && dot > separatorColumn(path) ? path.substr(dot - 1) : std::string_view{};
+}
+
+std::string_view nameOf(std::string_view path) {
+    const std::size_t separator = separatorColumn(path);
+    const std::size_t dot = dotColumn(path);
+    if (separator == 0) return dot == 0 ? path : path.substr(0, dot - 1);
+    const std::size_t end = dot <= separator + 1 ? path.size() : dot - 1;
+    return path.substr(separator, end - separator);
+}
+
+std::string_view namePathOf(std::string_view path) {
+    const std::size_t dot = dotColumn(path);
+    return dot > 1 && dot > separatorColumn(path) ? path.substr(0, dot - 1) : path;
+}
+
+void removeDoubledSeparators(TextRef path) {
+    for (std::size_t at; (at = path.view().find("\\\\")) != kNone && at >= 2;)
+        replacePiece(path, at + 1, 1, {});
+}
+
+void resolveParents(TextRef path) {
+    constexpr std::string_view kParent = "\\..\\";
+    std::size_t at = path.view().find(kParent);
+    while (at != kNone && at > 0) {
+        const std::string_view before = path.view().substr(0, at);
+        if (before.size() >= 2 && before.substr(at - 2) == "..") {
+            at = path.view().find(kParent, at + 1);
+        } else {
+            const std::size_t kept = lastColumn(before, "\\");
+            replacePiece(path, kept, at + kParent.size() - kept, {});
+            at = path.view().find(kParent);
+        }
+    }
+}
+
+void removeSelfFolders(TextRef path) {
+    for (std::size_t at; (at = path.view().find("\\.\\")) != kNone;)
+        replacePiece(path, at + 1, 2, {});
+}
+
+// Column of the first "\\" or of the first "//", whichever stands further on; 0 if there is
+// neither.
+std::size_t doubledSeparatorColumn(std::string_view path) {
+    return std::max(path.find("\\\\") + 1, path.find("//") + 1);
+}
+
+}  // namespace
+
+void FILEEXT(TextRef out, std::string_view path) {
+    LOWERCASE(out, extensionOf(cutPath(path)));
+}
+
+void FILEEXTKC(TextRef out, std::string_view path) {
+    out.assign(extensionOf(cutPath(path)));
+}
+
+void FILE___EXT(TextRef out, std::string_view path) {
+    const std::string_view name = withoutTrailingBlanks(nameOf(cutPath(path)));
+    const std::size_t underscore = underscoreColumn(name);
+    LOWERCASE(out, underscore == 0 ? std::string_view{} : name.substr(underscore - 1));
+}
+
+void FILENAME(TextRef out, std::string_view path) {
+    out.assign(nameOf(cutPath(path)));
+}
+
+void FILENAMEEXT(TextRef out, std::string_view path) {
+    path = cutPath(path);
+    out.assign(path.substr(separatorColumn(path)));
+}
+
+void FILENAMENO_(TextRef out, std::string_view path) {
+    const std::string_view name = nameOf(cutPath(path));
+    const std::size_t underscore = underscoreColumn(name);
+    out.assign(underscore == 0 ? name : name.substr(0, underscore - 1));
+}
+
+void FILENAMEPATH(TextRef out, std::string_view path) {
+    out.assign(namePathOf(cutPath(path)));
+}
+
+void FILENAMEPATHNO_(TextRef out, std::string_view path) {
+    path = namePathOf(cutPath(path));
+    const std::size_t underscore = underscoreColumn(path);
+    const bool inName = underscore > 1 && underscore > separatorColumn(path);
+    out.assign(inName ? path.substr(0, underscore - 1) : path);
+}
+
+void FILEFOLDERPATH(TextRef out, std::string_view path) {
+    path = cutPath(path);
+    out.assign(path.substr(0, separatorColumn(path)));
+}
+
+void ADDFOLDER(TextRef out, std::string_view folder, std::string_view name) {
+    folder = cutPath(folder);
+    name = cutPath(withoutLeadingBlanks(name));
+    const bool absolute = name.find(':') != kNone || name.find("\\\\") != kNone;
+    Path joined;
+    if (folder.empty() || absolute) {
+        joined = folder.empty() && name.empty() ? std::string_view(".") : name;
+    } else {
+        joined = folder;
+        if (!name.empty() && !isSeparator(folder.back())) joined += "\\";
+        joined += name;
+    }
+    REMOVEDOTDOT(out, joined);
+}
+
+void REMOVEDOTDOT(TextRef out, std::string_view path) {
+    Path work(withoutLeadingBlanks(path));
+    removeDoubledSeparators(work);
+    resolveParents(work);
+    removeSelfFolders(work);
+    out.assign(work);
+}
+
+void CLEANPATH(TextRef out, TextRef path) {
+    path.assign(cutPath(withoutLeadingBlanks(path.view())));
+    for (std::size_t column; (column = doubledSeparatorColumn(path.view())) >= 2;)
+        replacePiece(path, column, 1, {});
+    out.assign(path.view());
+}
+
+bool DRIVEFOLDER(TextRef path) {
+    path.assign(cutPath(withoutLeadingBlanks(path.view())));
+    const std::size_t colon = path.view().find(':');
+    if (colon != kNone) {
+        std::transform(path.data, path.data + colon, path.data, toUpper);
+        replacePiece(path, colon, 1, " Drive");
+    }
+    const bool network = beginsWith(path.view(), "\\\\") || beginsWith(path.view(), "//");
+    if (network) replacePiece(path, 0, 2, "URL\\");
+    return colon == kNone && !network;
+}
+
+}  // namespace vantelgis
