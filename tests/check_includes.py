@@ -1,0 +1,109 @@
+#!/usr/bin/env python3
+"""Holds the layers of src against its #include lines: includes point downward, without a circle."""
+
+import pathlib
+import re
+import sys
+
+SRC = pathlib.Path(__file__).resolve().parent.parent / "src"
+
+GIS = {"gis", "gis/mif", "gis/shp", "gis/dbf"}
+# What the files of a folder may include of this project.
+MAY_INCLUDE = {
+    "driver": {"driver", "archive", "run", "text", "geometry"} | GIS,
+    "archive": {"archive", "run", "text", "geometry"} | GIS,
+    "gis": {"run", "text"} | GIS,
+    "gis/mif": {"gis", "gis/mif", "run", "text"},
+    "gis/shp": {"gis", "gis/shp", "gis/dbf", "run", "text"},
+    "gis/dbf": {"gis", "gis/dbf", "run", "text"},
+    "run": {"run", "text"},
+    "text": {"text"},
+    "geometry": {"geometry"},
+}
+# Routines of a low folder that report to the console or stop the run. What they stand on must not
+# know them.
+STOPPING = {"text/input_lines", "text/extract", "geometry/inside_polygon"}
+SYSTEM_HEADERS_IN = re.compile(r"run/platform_\w+\.cpp")
+
+STANDARD_HEADERS = set("""
+algorithm any array atomic barrier bit bitset cassert ccomplex cctype cerrno cfenv cfloat charconv
+chrono cinttypes climits clocale cmath codecvt compare complex concepts condition_variable coroutine
+csetjmp csignal cstdarg cstddef cstdint cstdio cstdlib cstring ctime cuchar cwchar cwctype deque
+exception execution filesystem forward_list fstream functional future initializer_list iomanip ios
+iosfwd iostream istream iterator latch limits list locale map memory memory_resource mutex new
+numbers numeric optional ostream queue random ranges ratio regex scoped_allocator semaphore set
+shared_mutex source_location span sstream stack stdexcept stop_token streambuf string string_view
+syncstream system_error thread tuple type_traits typeindex typeinfo unordered_map unordered_set
+utility valarray variant vector version
+""".split())
+
+INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
+PLATFORM_TEST = re.compile(r"\b(_WIN32|_WIN64|__MINGW\w+|_MSC_VER|__linux__|__unix__|_POSIX_\w+)\b")
+
+
+def folder_of(name):
+    return name.rpartition("/")[0]
+
+
+def stem_of(name):
+    return name.rpartition(".")[0]
+
+
+def project_include_fault(name, included):
+    """What is wrong with one #include "..." line, or an empty text."""
+    if not (SRC / included).is_file():
+        return "no such file below src"
+    if stem_of(included) in STOPPING and folder_of(name) in {"run", "text"} and (
+            stem_of(name) not in STOPPING):
+        return "it stops the run, and nothing that it stands on may include it"
+    allowed = MAY_INCLUDE[folder_of(name)] | ({"run"} if stem_of(name) in STOPPING else set())
+    if folder_of(included) not in allowed:
+        return f"{folder_of(name)} may not include {folder_of(included)}"
+    return ""
+
+
+def circle(graph):
+    """The files of one include circle, or an empty list."""
+    done, path = set(), []
+
+    def visit(name):
+        if name in path:
+            return path[path.index(name):] + [name]
+        if name in done:
+            return []
+        path.append(name)
+        for included in graph.get(name, []):
+            if found := visit(included):
+                return found
+        done.add(path.pop())
+        return []
+
+    return next((found for name in graph if (found := visit(name))), [])
+
+
+def main():
+    faults, graph = [], {}
+    for path in sorted(p for p in SRC.rglob("*") if p.suffix in {".h", ".cpp"}):
+        name = path.relative_to(SRC).as_posix()
+        if folder_of(name) not in MAY_INCLUDE:
+            faults.append(f"{name}: not in a folder of the layer table")
+            continue
+        text = path.read_text("utf-8")
+        graph[name] = []
+        for project, system in INCLUDE.findall(text):
+            if project:
+                graph[name].append(project)
+                if fault := project_include_fault(name, project):
+                    faults.append(f'{name}: includes "{project}": {fault}')
+            elif system not in STANDARD_HEADERS and not SYSTEM_HEADERS_IN.fullmatch(name):
+                faults.append(f"{name}: includes <{system}>: only the platform layer may")
+        if PLATFORM_TEST.search(text) and not SYSTEM_HEADERS_IN.fullmatch(name):
+            faults.append(f"{name}: asks which system it is built for: only the platform layer may")
+    if found := circle(graph):
+        faults.append("a circle of includes: " + " > ".join(found))
+    print("\n".join(faults + [f"{len(graph)} files of src looked at, {len(faults)} fault(s)"]))
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
