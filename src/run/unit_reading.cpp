@@ -52,9 +52,9 @@ void moveTo(OpenFile& file, std::int64_t position) {
     file.ended = file.failed;
 }
 
-std::string_view withoutCarriageReturn(const char* begin, const char* end) {
+std::string_view lineBetween(const char* begin, const char* end) {
     if (end != begin && end[-1] == '\r') --end;
-    return {begin, static_cast<std::size_t>(end - begin)};
+    return {begin, std::min(static_cast<std::size_t>(end - begin), kLongestLine)};
 }
 
 // A line that fills the whole buffer: its first characters stay, the rest is read over.
@@ -76,19 +76,20 @@ ReadResult readLongLine(OpenFile& file, std::string_view& line) {
 
 // The line at `begin` has no end among the bytes at hand.
 ReadResult readSplitLine(OpenFile& file, std::string_view& line) {
-    while (refill(file, file.begin)) {
+    while (file.end - file.begin < kBufferSize && refill(file, file.begin)) {
         const char* const start = file.buffer + file.begin;
         const auto* const lineEnd =
             static_cast<const char*>(std::memchr(start, '\n', file.end - file.begin));
         if (lineEnd != nullptr) {
-            line = withoutCarriageReturn(start, lineEnd);
+            line = lineBetween(start, lineEnd);
             file.begin = static_cast<std::size_t>(lineEnd - file.buffer) + 1;
             return ReadResult::ok;
         }
-        if (file.end - file.begin == kBufferSize) return readLongLine(file, line);
     }
-    if (file.failed || file.begin == file.end) return endOrFailure(file);
-    line = withoutCarriageReturn(file.buffer + file.begin, file.buffer + file.end);
+    if (file.end - file.begin == kBufferSize) return readLongLine(file, line);
+    if (file.failed) file.begin = file.end;  // the next end test is true and no loop spins
+    if (file.begin == file.end) return endOrFailure(file);
+    line = lineBetween(file.buffer + file.begin, file.buffer + file.end);
     file.begin = file.end;
     return ReadResult::ok;
 }
@@ -103,7 +104,7 @@ ReadResult readLine(int unit, std::string_view& line) {
         static_cast<const char*>(std::memchr(start, '\n', file.end - file.begin));
     if (lineEnd == nullptr) return readSplitLine(file, line);
     file.begin = static_cast<std::size_t>(lineEnd - file.buffer) + 1;
-    line = withoutCarriageReturn(start, lineEnd);
+    line = lineBetween(start, lineEnd);
     return ReadResult::ok;
 }
 

@@ -104,8 +104,10 @@ bool convertReal(std::string_view item, Real& target) {
 
 template <typename Integer>
 bool convertInteger(std::string_view item, Integer& target) {
-    if (item.front() == '+') item.remove_prefix(1);
-    if (item.empty() || (item.front() == '-' && item.size() > 1 && !isDigit(item[1]))) return false;
+    if (item.front() == '+') {
+        item.remove_prefix(1);
+        if (item.empty() || !isDigit(item.front())) return false;  // from_chars would take "+-5"
+    }
     Integer value;
     const auto [end, error] = std::from_chars(item.data(), item.data() + item.size(), value);
     if (error != std::errc{} || end != item.data() + item.size()) return false;

@@ -35,8 +35,8 @@ constexpr std::uint64_t kPowersOfTen[kMaxDecimals + 1] = {1,
 
 // The hundred pairs 00 to 99: two digits are written at a time.
 struct DigitPairs {
-    char text[200];
-    constexpr DigitPairs() : text() {
+    char text[200] = {};
+    constexpr DigitPairs() {
         for (int i = 0; i < 100; ++i) {
             text[2 * i] = static_cast<char>('0' + i / 10);
             text[2 * i + 1] = static_cast<char>('0' + i % 10);
@@ -109,7 +109,13 @@ char* largeField(char* out, double value, int width, int decimals) {
     char text[96];
     char* end = std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, decimals).ptr;
     if (decimals == 0) *end++ = '.';
-    return rightJustified(out, width, {text, static_cast<std::size_t>(end - text)});
+    char* begin = text;
+    char* const firstDigit = text + (text[0] == '-' ? 1 : 0);
+    if (end - begin == width + 1 && *firstDigit == '0') {  // the zero before the point gives way
+        *firstDigit = '-';
+        ++begin;
+    }
+    return rightJustified(out, width, {begin, static_cast<std::size_t>(end - begin)});
 }
 
 }  // namespace
