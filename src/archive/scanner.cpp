@@ -1,0 +1,118 @@
+#include "archive/scanner.h"
+
+#include "run/console.h"
+#include "run/stop.h"
+#include "run/unit_reading.h"
+#include "text/characters.h"
+#include "text/free_format.h"
+#include "text/strings.h"
+
+namespace vantelgis {
+
+namespace {
+
+constexpr bool contains(std::string_view line, char c) {
+    return line.find(c) != std::string_view::npos;
+}
+
+// Words of a header line, anywhere in it.
+struct HeaderWord {
+    std::string_view word;
+    bool D12Object::*flag;
+};
+constexpr HeaderWord kHeaderWords[] = {
+    {"2d", &D12Object::is2d},
+    {"alignment", &D12Object::is2d},
+    {"pipeline", &D12Object::is2d},
+    {"3d", &D12Object::is3d},
+    {"4d", &D12Object::is3d},
+    {"drainage", &D12Object::is3d},
+    {"face", &D12Object::is3d},
+    {"interface", &D12Object::is3d},
+    {"pipe", &D12Object::is3d},
+    {"super", &D12Object::isSuper},
+    {"polyline", &D12Object::isPolyline},
+};
+
+// The braces come first: nearly all lines that are passed over have none.
+bool isHeader(std::string_view line) {
+    return contains(line, '{') && FLAGEXISTS(line, "string");
+}
+
+void takeHeader(std::string_view line, D12Object& object) {
+    constexpr std::size_t kTypeStart = 7;  // behind "string "
+    const std::size_t brace = line.find('{');
+    const std::size_t length = brace > kTypeStart + 1 ? brace - kTypeStart - 1 : 0;
+    object.typeText = fromColumn(line, kTypeStart + 1).substr(0, length);
+    object.is2d = object.is3d = object.isSuper = object.isPolyline = false;
+    for (const HeaderWord& row : kHeaderWords)
+        if (FLAGEXISTS(line, row.word)) object.*row.flag = true;
+}
+
+[[noreturn]] void stopAtHeaderLine(std::string_view line) {
+    consoleLine("\nERROR - Reading data (d12ObjectType)");
+    consoleLine(line);
+    EXITS();
+}
+
+// A line between a string's header and its data.
+void takeAttribute(std::string_view line, D12Object& object) {
+    constexpr std::string_view kClosed = "closed";
+    Item item = Item::unchanged;
+    if (beginsWith(line, "name")) {
+        FreeFormat list{fromColumn(line, 5)};
+        item = takeWord(list, object.name);
+    } else if (beginsWith(line, "z")) {
+        FreeFormat list{fromColumn(line, 2)};
+        item = takeReal(list, object.level);
+    } else if (object.isPolyline && beginsWith(line, kClosed)) {
+        const std::string_view value = withoutLeadingBlanks(line.substr(kClosed.size()));
+        object.closed = !value.empty() && contains("1YyTt", value.front());
+    }
+    if (!taken(item)) stopAtHeaderLine(line);
+}
+
+void classifyBlock(std::string_view line, D12Object& object) {
+    object.data2d = FLAGEXISTS(line, "data_2d") || object.is2d;
+    object.data3d = FLAGEXISTS(line, "data_3d") || object.is3d || object.isPolyline;
+    object.hipData = FLAGEXISTS(line, "hipdata");
+}
+
+}  // namespace
+
+std::string_view d12CountingPart(std::string_view line) {
+    line = withoutLeadingBlanks(line);
+    return withoutTrailingBlanks(line.substr(0, line.find("//")));
+}
+
+bool d12ReadLine(int unit, std::string_view& line, std::size_t capacity) {
+    while (readLine(unit, line) == ReadResult::ok) {
+        line = d12CountingPart(line.substr(0, capacity));
+        if (!line.empty()) return true;
+    }
+    line = {};
+    return false;
+}
+
+bool d12BeginsData(std::string_view line) {
+    return contains(line, '{') && FLAGEXISTS(line, "data");
+}
+
+bool d12ObjectType(int unit, std::string_view& line, D12Object& object) {
+    if (!object.dataFollows) {
+        object.isString = isHeader(line);
+        if (!object.isString) {
+            object.typeText = "unknown";
+            return false;
+        }
+        takeHeader(line, object);
+    }
+    object.closed = object.isPolyline;
+    object.level = kNullElevation;
+    while (!d12BeginsData(line) && !atEnd(unit))
+        if (d12ReadLine(unit, line, kObjectLineCapacity)) takeAttribute(line, object);
+    classifyBlock(line, object);
+    return true;
+}
+
+}  // namespace vantelgis

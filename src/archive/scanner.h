@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "archive/head.h"
+#include "text/text.h"
+
+namespace vantelgis {
+
+// The reader of what stands behind an archive's `model` line. It goes by lines and looks for words
+// in them, in any column and any case; what it doesn't know it passes over.
+
+/// Characters that count of a line between objects.
+inline constexpr std::size_t kObjectLineCapacity = 1000;
+
+/// The string being read. A conversion owns one and passes it to every call.
+struct D12Object {
+    bool isString = false;  ///< the line looked at last was a string's header
+    bool is2d = false;      ///< the header has a word for strings of two numbers a vertex
+    bool is3d = false;      ///< the header has a word for strings of three numbers a vertex
+    bool isSuper = false;
+    bool isPolyline = false;
+    bool data2d = false;   ///< the data block ahead has two numbers a vertex
+    bool data3d = false;   ///< the data block ahead has three numbers a vertex
+    bool hipData = false;  ///< the data block ahead is a "hipdata" block
+    bool dataFollows =
+        false;            ///< a further data block of the same super string lies directly ahead
+    bool closed = false;  ///< the polyline's first vertex is also its last
+    float level = kNullElevation;  ///< value of the `z` line
+    Text<100> name;     ///< value of the `name` line; a string without one keeps the last name
+    Text<20> typeText;  ///< what the header has between "string" and its brace, or "unknown"
+};
+
+/// What counts of a line: its text without leading blanks and without the comment behind it.
+std::string_view d12CountingPart(std::string_view line);
+
+/// Reads the next line that is neither blank nor a comment, as a view without leading blanks and
+/// without the comment behind it. What lies beyond `capacity` doesn't count. At the end of the file
+/// false and a blank line. The view is valid until the next read of the unit.
+bool d12ReadLine(int unit, std::string_view& line, std::size_t capacity);
+
+/// A data block begins in the line.
+bool d12BeginsData(std::string_view line);
+
+/// Looks at a line that d12ReadLine gave. If a string begins there (or if a further block of a
+/// super string does), reads on to the line with which its data begins, which is then in `line`,
+/// and gives true with `object` filled in. A `name` or `z` line without a value stops the run.
+bool d12ObjectType(int unit, std::string_view& line, D12Object& object);
+
+}  // namespace vantelgis

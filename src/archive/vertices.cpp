@@ -1,0 +1,262 @@
+#include "archive/vertices.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "gis/records.h"
+#include "run/console.h"
+#include "run/messages.h"
+#include "run/stop.h"
+#include "run/unit_reading.h"
+#include "text/characters.h"
+#include "text/free_format.h"
+#include "text/number_field.h"
+#include "text/strings.h"
+
+namespace vantelgis {
+
+namespace {
+
+constexpr std::size_t kVertexLineCapacity = 10000;
+
+// A line with a null in it counts by its first 100 characters once the number stands there. One as
+// short as this can't get so long.
+constexpr std::size_t kReplacedCapacity = 100;
+constexpr std::size_t kShortLine = 80;
+
+constexpr std::string_view kNullWord = "null";
+constexpr std::string_view kNullDecimal = "-99999";
+constexpr std::string_view kNullHexadecimal = "-0x1.869f000000000p+16";
+
+constexpr bool contains(std::string_view line, char c) {
+    return line.find(c) != std::string_view::npos;
+}
+
+struct Vertex {
+    double x;
+    double y;
+    float z;
+};
+
+// What the lines of one block look like.
+struct BlockForm {
+    bool threeNumbers;
+    bool nullWords;  // `null` may stand for a number
+    bool hexFloats;
+    float level;  // elevation of a vertex of two numbers
+};
+
+// Where a block's vertices go: gisX, gisY and the elevations beside them.
+class VertexTable {
+  public:
+    VertexTable(std::vector<float>& z, std::int32_t limit) : z_(z), limit_(limit) {
+        if (z_.empty()) grow();
+    }
+
+    [[nodiscard]] std::int32_t count() const { return count_; }
+    [[nodiscard]] Vertex first() const { return at(0); }
+    void setFirst(const Vertex& vertex) { set(0, vertex); }
+
+    // The place behind the last vertex, as an earlier string left it.
+    [[nodiscard]] Vertex next() {
+        makeRoom();
+        return at(static_cast<std::size_t>(count_));
+    }
+    void add(const Vertex& vertex) {
+        makeRoom();
+        set(static_cast<std::size_t>(count_++), vertex);
+    }
+    void checkLimit() const {
+        if (count_ >= limit_) stopAtLimit();
+    }
+
+  private:
+    [[nodiscard]] Vertex at(std::size_t i) const { return {gisX[i], gisY[i], z_[i]}; }
+    void set(std::size_t i, const Vertex& vertex) {
+        gisX[i] = vertex.x;
+        gisY[i] = vertex.y;
+        z_[i] = vertex.z;
+    }
+    // Room goes by what is there, never by a number from the file.
+    void makeRoom() {
+        if (z_.size() <= static_cast<std::size_t>(count_)) grow();
+    }
+    void grow() {
+        constexpr std::int32_t kFewest = 1024;
+        const auto room = static_cast<std::int32_t>(z_.size());
+        gisReserveNodes(std::min(std::max(2 * room, kFewest), kMaxWrittenNodes));
+        z_.resize(gisX.size());
+    }
+    [[noreturn]] void stopAtLimit() const;
+
+    std::vector<float>& z_;
+    std::int32_t limit_;
+    std::int32_t count_ = 0;
+};
+
+void VertexTable::stopAtLimit() const {
+    constexpr int kColumns = 8;
+    char requested[kColumns];
+    char allowed[kColumns];
+    integerField(requested, count_ + 1, kColumns);
+    integerField(allowed, limit_, kColumns);
+    DMESSAGES.text1 = "ERROR - Exceeded number of allowable nodes in a single polyline or region.";
+    DMESSAGES.text2 = "        Requested";
+    DMESSAGES.text2 += {requested, kColumns};
+    DMESSAGES.text2 += "        Limit";
+    DMESSAGES.text2 += {allowed, kColumns};
+    DMESSAGE(1);
+    EXITS();
+}
+
+// Nothing behind the numbers that could be more than text to be ignored.
+bool harmlessRest(std::string_view rest, bool nullWords) {
+    if (withoutLeadingBlanks(rest).empty()) return true;
+    return !nullWords && !contains(rest, '}') && !contains(rest, '/');
+}
+
+// Reads a line of the common kind, in which nothing counts but the numbers and a null for the
+// elevation. False for any other, which has to be looked at as a whole.
+bool takePlainLine(std::string_view line, const BlockForm& form, Vertex& vertex) {
+    FreeFormat list{line};
+    if (!taken(takeReal(list, vertex.x)) || !taken(takeReal(list, vertex.y))) return false;
+    if (form.threeNumbers) {
+        const Item item = takeReal(list, vertex.z);
+        if (item == Item::bad && form.nullWords && line.size() <= kShortLine &&
+            sameIgnoringCase(withoutTrailingBlanks(list.rest()), kNullWord)) {
+            vertex.z = kNullElevation;
+            return true;
+        }
+        if (!taken(item)) return false;
+    } else {
+        vertex.z = form.level;
+    }
+    return harmlessRest(list.rest(), form.nullWords);
+}
+
+// The line with each `null` replaced; what doesn't fit is cut.
+Text<kReplacedCapacity> withoutNullWords(std::string_view line, std::string_view number) {
+    char text[kReplacedCapacity];
+    std::size_t length = 0;
+    const auto add = [&](std::string_view part) {
+        const std::size_t n = std::min(part.size(), sizeof text - length);
+        std::copy_n(part.data(), n, text + length);
+        length += n;
+    };
+    while (!line.empty()) {
+        const bool isNull = beginsWith(line, kNullWord);
+        add(isNull ? number : line.substr(0, 1));
+        line.remove_prefix(isNull ? kNullWord.size() : 1);
+    }
+    return std::string_view{text, length};
+}
+
+[[noreturn]] void stopAtVertexLine(Item item, std::string_view line) {
+    if (item == Item::end) {
+        DMESSAGES.text1 = "ERROR - Unexpected end of .12da file encountered.";
+    } else {
+        DMESSAGES.text1 = "ERROR - Reading .12da file.  Erroneous line is:";
+        DMESSAGES.text2 = line;
+    }
+    DMESSAGE(1);
+    EXITS();
+}
+
+// Any vertex line, without leading blanks and comment.
+void takeVertexLine(std::string_view line, const BlockForm& form, Vertex& vertex) {
+    Text<kReplacedCapacity> replaced;
+    FreeFormat list{line};
+    if (form.nullWords && FLAGEXISTS(line, kNullWord)) {
+        replaced = withoutNullWords(line, form.hexFloats ? kNullHexadecimal : kNullDecimal);
+        list.continueWith(replaced);
+    }
+    if (!form.threeNumbers) vertex.z = form.level;
+    Item item = takeReal(list, vertex.x);
+    if (taken(item)) item = takeReal(list, vertex.y);
+    if (taken(item) && form.threeNumbers) item = takeReal(list, vertex.z);
+    if (!taken(item)) stopAtVertexLine(item, line);
+}
+
+BlockForm formOf(const Archive& archive, const D12Object& object) {
+    const bool threeNumbers = object.data3d || object.hipData;
+    return {threeNumbers, threeNumbers && archive.nullKeyword, archive.hexFloats, object.level};
+}
+
+enum class LineUse { vertex, none, blockEnd };
+
+// A line that holds more than its numbers.
+LineUse takeUnusualLine(int unit, std::string_view line, const BlockForm& form,
+                        VertexTable& table) {
+    line = d12CountingPart(line);
+    if (line.empty()) return LineUse::none;
+    if (contains(line, '}')) return LineUse::blockEnd;
+    const Text<kVertexLineCapacity> held = line;  // what the unit holds moves in the next test
+    if (atEnd(unit)) return LineUse::blockEnd;
+    table.checkLimit();
+    Vertex vertex = table.next();
+    takeVertexLine(held, form, vertex);
+    table.add(vertex);
+    return LineUse::vertex;
+}
+
+LineUse takeLine(int unit, std::string_view line, const BlockForm& form, VertexTable& table) {
+    Vertex vertex = table.next();
+    if (!takePlainLine(line, form, vertex)) return takeUnusualLine(unit, line, form, table);
+    if (atEnd(unit)) return LineUse::blockEnd;  // a line with which the file ends is no vertex
+    table.checkLimit();
+    table.add(vertex);
+    return LineUse::vertex;
+}
+
+// Reads up to the end of the block. False when the file ends before its first line.
+bool readBlock(int unit, const BlockForm& form, VertexTable& table) {
+    LineUse use = LineUse::none;
+    std::string_view line;
+    while (use != LineUse::blockEnd && readLine(unit, line) == ReadResult::ok) {
+        const LineUse next = takeLine(unit, line.substr(0, kVertexLineCapacity), form, table);
+        if (next != LineUse::none) use = next;
+    }
+    return use != LineUse::none;
+}
+
+// Looks for a further data block of a super string and stops in front of it.
+void findNextBlock(int unit, D12Object& object) {
+    object.dataFollows = false;
+    std::string_view line;
+    for (int depth = 1; depth > 0 && !object.dataFollows && !atEnd(unit);) {
+        if (!d12ReadLine(unit, line, kVertexLineCapacity)) continue;
+        if (contains(line, '}')) {
+            --depth;
+        } else if (contains(line, '{')) {
+            ++depth;
+        }
+        object.dataFollows = d12BeginsData(line);
+    }
+    if (object.dataFollows) backspaceUnit(unit);
+}
+
+}  // namespace
+
+bool d12ReadVertices(const Archive& archive, D12Object& object, std::vector<float>& z,
+                     std::int32_t limit, std::int32_t& count) {
+    VertexTable table{z, limit};
+    table.setFirst({0.0, 0.0, archive.nullValue});
+    if (!object.isString || !readBlock(archive.unit, formOf(archive, object), table)) return false;
+    if (object.isPolyline && object.closed) table.add(table.first());
+    count = table.count();
+    if (object.isSuper) {
+        findNextBlock(archive.unit, object);
+    } else {
+        object.dataFollows = false;
+    }
+    return true;
+}
+
+void d12PassOver(int unit, std::string_view line, D12Object& object) {
+    if (!object.dataFollows) return;
+    while (!contains(line, '}') && !atEnd(unit))
+        if (!d12ReadLine(unit, line, kObjectLineCapacity)) line = {};
+    findNextBlock(unit, object);
+}
+
+}  // namespace vantelgis
