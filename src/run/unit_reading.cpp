@@ -24,7 +24,8 @@ bool refill(OpenFile& file, std::size_t keepFrom) {
     file.bufferStart += static_cast<std::int64_t>(keepFrom);
     file.begin -= keepFrom;
     file.end = kept;
-    const std::int64_t count = platform::readFile(file.handle, file.buffer + kept, kBufferSize - kept);
+    const std::int64_t count =
+        platform::readFile(file.handle, file.buffer + kept, kBufferSize - kept);
     if (count > 0) {
         file.end += static_cast<std::size_t>(count);
         return true;
@@ -34,7 +35,9 @@ bool refill(OpenFile& file, std::size_t keepFrom) {
     return false;
 }
 
-bool hasBytes(OpenFile& file) { return file.begin < file.end || refill(file, file.begin); }
+bool hasBytes(OpenFile& file) {
+    return file.begin < file.end || refill(file, file.begin);
+}
 
 ReadResult endOrFailure(const OpenFile& file) {
     return file.failed ? ReadResult::failed : ReadResult::end;
@@ -68,8 +71,8 @@ ReadResult readLongLine(OpenFile& file, std::string_view& line) {
             std::memchr(file.buffer + kLongestLine, '\n', file.end - kLongestLine));
     } while (lineEnd == nullptr);
     if (file.failed) return ReadResult::failed;
-    file.begin = lineEnd == nullptr ? file.end
-                                    : static_cast<std::size_t>(lineEnd - file.buffer) + 1;
+    file.begin =
+        lineEnd == nullptr ? file.end : static_cast<std::size_t>(lineEnd - file.buffer) + 1;
     line = {file.buffer, kLongestLine};
     return ReadResult::ok;
 }
@@ -108,7 +111,9 @@ ReadResult readLine(int unit, std::string_view& line) {
     return ReadResult::ok;
 }
 
-bool atEnd(int unit) { return !hasBytes(readableFile(unit)); }
+bool atEnd(int unit) {
+    return !hasBytes(readableFile(unit));
+}
 
 void rewindUnit(int unit) {
     OpenFile& file = readableFile(unit);

@@ -24,8 +24,8 @@ inline constexpr std::size_t kLongestLine = 100'000;
 /// until the next operation on that unit. A caller with a smaller capacity cuts the view.
 ReadResult readLine(int unit, std::string_view& line);
 
-/// True when the next read would meet the end of the file, also after a failed read. The view of the
-/// line read last stays valid then; after false it is gone.
+/// True when the next read would meet the end of the file, also after a failed read. The view of
+/// the line read last stays valid then; after false it is gone.
 bool atEnd(int unit);
 
 /// Goes back to the start of the file.

@@ -7,15 +7,31 @@ namespace vantelgis {
 
 // Character tests of the ASCII letters and digits only, whatever the locale.
 
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
-constexpr bool isUpper(char c) { return c >= 'A' && c <= 'Z'; }
-constexpr bool isLower(char c) { return c >= 'a' && c <= 'z'; }
-constexpr bool isLetter(char c) { return isUpper(c) || isLower(c); }
-constexpr bool isQuote(char c) { return c == '"' || c == '\''; }
-constexpr bool isSeparator(char c) { return c == '\\' || c == '/'; }
+constexpr bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+constexpr bool isUpper(char c) {
+    return c >= 'A' && c <= 'Z';
+}
+constexpr bool isLower(char c) {
+    return c >= 'a' && c <= 'z';
+}
+constexpr bool isLetter(char c) {
+    return isUpper(c) || isLower(c);
+}
+constexpr bool isQuote(char c) {
+    return c == '"' || c == '\'';
+}
+constexpr bool isSeparator(char c) {
+    return c == '\\' || c == '/';
+}
 
-constexpr char toLower(char c) { return isUpper(c) ? static_cast<char>(c + ('a' - 'A')) : c; }
-constexpr char toUpper(char c) { return isLower(c) ? static_cast<char>(c - ('a' - 'A')) : c; }
+constexpr char toLower(char c) {
+    return isUpper(c) ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+constexpr char toUpper(char c) {
+    return isLower(c) ? static_cast<char>(c - ('a' - 'A')) : c;
+}
 
 /// Equal but for the case of ASCII letters.
 constexpr bool sameIgnoringCase(std::string_view a, std::string_view b) {

@@ -12,13 +12,16 @@ namespace vantelgis {
 
 namespace {
 
-constexpr bool endsItem(char c) { return c == ' ' || c == ',' || c == '/'; }
+constexpr bool endsItem(char c) {
+    return c == ' ' || c == ',' || c == '/';
+}
 
 // The exact powers of ten of each width; within them one division rounds correctly.
 constexpr double kExactDoubles[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                     1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                     1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr float kExactFloats[] = {1e0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F, 1e8F, 1e9F, 1e10F};
+constexpr float kExactFloats[] = {1e0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F,
+                                  1e6F, 1e7F, 1e8F, 1e9F, 1e10F};
 
 // Reads "[-+]digits[.digits]" whose digits are an exact number of the target's width: one exact
 // division then gives the nearest value. Returns the place behind it, or null when the item is of
@@ -33,7 +36,8 @@ const char* takePlainDecimal(const char* p, const char* end, Real& target) {
     if (negative || *p == '+') ++p;
     std::uint64_t mantissa = 0;
     const char* const first = p;
-    while (p != end && isDigit(*p)) mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p++ - '0');
+    while (p != end && isDigit(*p))
+        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p++ - '0');
     auto digits = p - first;
     std::ptrdiff_t decimals = 0;
     if (p != end && *p == '.') {
@@ -92,7 +96,8 @@ bool convertReal(std::string_view item, Real& target) {
     }
     Real value;
     const auto form = hexadecimal ? std::chars_format::hex : std::chars_format::general;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, form);
+    const auto [end, error] =
+        std::from_chars(digits.data(), digits.data() + digits.size(), value, form);
     if (end != digits.data() + digits.size() || error == std::errc::invalid_argument) return false;
     if (error == std::errc::result_out_of_range) {
         const std::string whole = (hexadecimal ? "0x" : "") + std::string(digits);
@@ -147,7 +152,8 @@ Item FreeFormat::findItem() {
         skipBlanks();
     }
     if (position_ == text_.size()) return Item::end;
-    if (text_[position_] == '/') return Item::unchanged;  // stays here: all that follows is unchanged
+    if (text_[position_] == '/')
+        return Item::unchanged;  // stays here: all that follows is unchanged
     if (text_[position_] == ',') {
         separatorDue_ = true;
         return Item::unchanged;
@@ -185,10 +191,18 @@ Item takeNumber(FreeFormat& list, Number& target) {
     return Item::value;
 }
 
-Item takeReal(FreeFormat& list, double& target) { return takeNumber(list, target); }
-Item takeReal(FreeFormat& list, float& target) { return takeNumber(list, target); }
-Item takeInteger(FreeFormat& list, std::int32_t& target) { return takeNumber(list, target); }
-Item takeInteger(FreeFormat& list, std::int64_t& target) { return takeNumber(list, target); }
+Item takeReal(FreeFormat& list, double& target) {
+    return takeNumber(list, target);
+}
+Item takeReal(FreeFormat& list, float& target) {
+    return takeNumber(list, target);
+}
+Item takeInteger(FreeFormat& list, std::int32_t& target) {
+    return takeNumber(list, target);
+}
+Item takeInteger(FreeFormat& list, std::int64_t& target) {
+    return takeNumber(list, target);
+}
 
 Item takeWord(FreeFormat& list, TextRef target) {
     const Item found = list.findItem();

@@ -17,7 +17,9 @@ enum class Item {
 };
 
 /// True when the reading may go on: the target is settled.
-constexpr bool taken(Item item) { return item == Item::value || item == Item::unchanged; }
+constexpr bool taken(Item item) {
+    return item == Item::value || item == Item::unchanged;
+}
 
 /// A list of items in free format: separated by blanks or by one comma, ended by a slash. Only the
 /// space is a blank. The list can go on with a further line of text (`continueWith`), which counts

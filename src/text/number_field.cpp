@@ -107,7 +107,8 @@ char* largeField(char* out, double value, int width, int decimals) {
     // What needs more digits before the point than there are columns can't fit.
     if (!(std::fabs(value) < 1e64)) return asterisks(out, width);
     char text[96];
-    char* end = std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, decimals).ptr;
+    char* end =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, decimals).ptr;
     if (decimals == 0) *end++ = '.';
     char* begin = text;
     char* const firstDigit = text + (text[0] == '-' ? 1 : 0);
@@ -152,6 +153,7 @@ char* integerField(char* out, std::int64_t value, int width) {
 }
 
 IntegerText::IntegerText(std::int64_t value)
-    : length_(static_cast<std::size_t>(std::to_chars(text_, text_ + sizeof text_, value).ptr - text_)) {}
+    : length_(static_cast<std::size_t>(std::to_chars(text_, text_ + sizeof text_, value).ptr -
+                                       text_)) {}
 
 }  // namespace vantelgis
