@@ -1,7 +1,10 @@
 #include "driver/archive_output.h"
 
+#include <algorithm>
+
 #include "run/opener.h"
 #include "run/unit_writing.h"
+#include "text/number_field.h"
 #include "text/paths.h"
 #include "text/strings.h"
 
@@ -48,6 +51,23 @@ void beginString(int unit, std::string_view type, std::string_view name) {
         "  data {\r\n");
 }
 
-void endString(int unit) { put(unit, "  }\r\n}\r\n\r\n"); }
+char* composeNode(char* out, double x, double y) {
+    constexpr std::string_view kIndent = "    ";
+    constexpr int kWidth = 16;
+    constexpr int kDecimals = 5;
+    out = std::copy(kIndent.begin(), kIndent.end(), out);
+    out = fixedField(out, x, kWidth, kDecimals);
+    return fixedField(out, y, kWidth, kDecimals);
+}
+
+void commitLine(int unit, char* end) {
+    *end++ = '\r';
+    *end++ = '\n';
+    commit(unit, end);
+}
+
+void endString(int unit) {
+    put(unit, "  }\r\n}\r\n\r\n");
+}
 
 }  // namespace vantelgis

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 #include "driver/run_settings.h"
@@ -14,6 +15,15 @@ void openArchive(int& unit, const RunSettings& run, std::string_view sourceFile)
 
 /// Writes a string's lines up to the start of its data: `type` is 2d or 3d.
 void beginString(int unit, std::string_view type, std::string_view name);
+
+/// Room that a node's line in a string's data needs.
+inline constexpr std::size_t kNodeLineRoom = 160;
+
+/// Composes such a line up to its y at `out`, and returns the place behind that.
+char* composeNode(char* out, double x, double y);
+
+/// Ends a line that was composed in a unit's buffer up to `end`.
+void commitLine(int unit, char* end);
 
 /// Writes the end of a string's data and of the string.
 void endString(int unit);

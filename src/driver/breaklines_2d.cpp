@@ -9,15 +9,12 @@
 #include "run/opener.h"
 #include "run/unit_writing.h"
 #include "text/free_format.h"
-#include "text/number_field.h"
 
 namespace vantelgis {
 
 namespace {
 
 constexpr std::int32_t kMaxNodes = 1000;
-constexpr int kCoordinateWidth = 16;
-constexpr int kCoordinateDecimals = 5;
 
 struct Breaklines2d {
     int archive = 0;
@@ -29,14 +26,8 @@ struct Breaklines2d {
 };
 
 void writeNodes(int unit, const ObjectNodes& nodes) {
-    for (std::size_t i = 0; i < static_cast<std::size_t>(nodes.n); ++i) {
-        char* p = reserve(unit, 4 + 2 * kMaxFieldWidth + 2);
-        std::memcpy(p, "    ", 4);
-        p = fixedField(p + 4, nodes.x[i], kCoordinateWidth, kCoordinateDecimals);
-        p = fixedField(p, nodes.y[i], kCoordinateWidth, kCoordinateDecimals);
-        std::memcpy(p, "\r\n", 2);
-        commit(unit, p + 2);
-    }
+    for (std::size_t i = 0; i < static_cast<std::size_t>(nodes.n); ++i)
+        commitLine(unit, composeNode(reserve(unit, kNodeLineRoom), nodes.x[i], nodes.y[i]));
 }
 
 void convertObject(Breaklines2d& run) {

@@ -15,7 +15,9 @@ namespace vantelgis {
 void consolePut(std::string_view text);
 
 /// An integer in its shortest form.
-inline void consolePut(std::integral auto value) { consolePut(IntegerText(value)); }
+inline void consolePut(std::integral auto value) {
+    consolePut(IntegerText(static_cast<std::int64_t>(value)));
+}
 
 /// Writes texts and integers one behind the other, with no line end.
 template <typename... Parts>
