@@ -28,9 +28,10 @@ void gisCheckNodes(std::int64_t requested, std::int32_t limit, std::string_view 
     char allowed[kColumns];
     integerField(wanted, requested, kColumns);
     integerField(allowed, limit, kColumns);
-    gisSetMessage(MessageLine("ERROR 0310 - Exceeded number of allowable nodes in a single ", what, "."),
-                  MessageLine("             Requested", std::string_view(wanted, kColumns),
-                              "        Limit", std::string_view(allowed, kColumns)));
+    gisSetMessage(
+        MessageLine("ERROR 0310 - Exceeded number of allowable nodes in a single ", what, "."),
+        MessageLine("             Requested", std::string_view(wanted, kColumns), "        Limit",
+                    std::string_view(allowed, kColumns)));
     gisReport(1);
     EXITS();
 }

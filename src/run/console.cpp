@@ -56,7 +56,8 @@ void consolePut(std::string_view text) {
 }
 
 void consoleFlush() {
-    if (console.outputLength > 0) platform::writeStandardOutput(console.output, console.outputLength);
+    if (console.outputLength > 0)
+        platform::writeStandardOutput(console.output, console.outputLength);
     console.outputLength = 0;
 }
 

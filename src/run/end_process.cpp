@@ -4,6 +4,8 @@
 namespace vantelgis {
 
 // In a file of its own, so that a program which brings its own one replaces it at link time.
-void endProcess() { platform::exitProcess(); }
+void endProcess() {
+    platform::exitProcess();
+}
 
 }  // namespace vantelgis

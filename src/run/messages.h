@@ -6,7 +6,13 @@
 
 namespace vantelgis {
 
-enum class MessageKind : std::int32_t { plain = 0, error = 1, warning = 2, check = 3, unstable = 4 };
+enum class MessageKind : std::int32_t {
+    plain = 0,
+    error = 1,
+    warning = 2,
+    check = 3,
+    unstable = 4
+};
 
 /// The message record: the lines of the next message, and what is known of those reported so far.
 struct DMessages {

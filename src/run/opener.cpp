@@ -132,7 +132,8 @@ void openOutput(const Opening& opening) {
 void FILEOPEN(int& unit, std::string_view mode, std::string_view name) {
     Path work{withoutLeadingBlanks(name)};
     if (work.blank()) {
-        consoleLine(" Empty filename specified.  Bailing out.  Please contact ", SUPPORT_ADDRESS, ".");
+        consoleLine(" Empty filename specified.  Bailing out.  Please contact ", SUPPORT_ADDRESS,
+                    ".");
         consolePause("Press Enter to Close");
         endRun();
     }

@@ -60,7 +60,9 @@ int openFlags(Access access) {
     return O_RDONLY;
 }
 
-int descriptor(FileHandle file) { return static_cast<int>(file); }
+int descriptor(FileHandle file) {
+    return static_cast<int>(file);
+}
 
 FileIdentity identityOf(const struct stat& status) {
     return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
@@ -92,7 +94,9 @@ FileHandle openFile(std::string_view name, Access access, Sharing /*sharing*/) {
     return open(path.c_str(), openFlags(access) | O_CLOEXEC, 0666);
 }
 
-bool closeFile(FileHandle file) { return close(descriptor(file)) == 0; }
+bool closeFile(FileHandle file) {
+    return close(descriptor(file)) == 0;
+}
 
 std::int64_t readFile(FileHandle file, char* out, std::size_t size) {
     return readOnce(descriptor(file), out, size);
@@ -106,16 +110,22 @@ bool seekFile(FileHandle file, std::int64_t position) {
     return lseek(descriptor(file), position, SEEK_SET) == position;
 }
 
-bool emptyFile(FileHandle file) { return ftruncate(descriptor(file), 0) == 0 && seekFile(file, 0); }
+bool emptyFile(FileHandle file) {
+    return ftruncate(descriptor(file), 0) == 0 && seekFile(file, 0);
+}
 
 std::int64_t fileSize(FileHandle file) {
     struct stat status {};
     return fstat(descriptor(file), &status) == 0 ? status.st_size : -1;
 }
 
-bool fileExists(std::string_view name) { return isFile(systemName(name)); }
+bool fileExists(std::string_view name) {
+    return isFile(systemName(name));
+}
 
-bool inputExists(std::string_view name) { return isFile(inputName(name)); }
+bool inputExists(std::string_view name) {
+    return isFile(inputName(name));
+}
 
 bool identify(std::string_view name, FileIdentity& identity) {
     struct stat status {};
@@ -140,9 +150,13 @@ void writeStandardOutput(const char* bytes, std::size_t size) {
     static_cast<void>(writeAll(STDOUT_FILENO, bytes, size));
 }
 
-bool standardOutputIsTerminal() { return isatty(STDOUT_FILENO) == 1; }
+bool standardOutputIsTerminal() {
+    return isatty(STDOUT_FILENO) == 1;
+}
 
-std::string_view consoleLineEnd() { return "\n"; }
+std::string_view consoleLineEnd() {
+    return "\n";
+}
 
 Date localDate() {
     const std::time_t now = std::time(nullptr);
@@ -151,6 +165,8 @@ Date localDate() {
     return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
 }
 
-void exitProcess() { _exit(0); }
+void exitProcess() {
+    _exit(0);
+}
 
 }  // namespace vantelgis::platform

@@ -40,9 +40,13 @@ namespace {
 
 }  // namespace
 
-void stopReadingData() { stopBehindPause("ERROR - Reading data"); }
+void stopReadingData() {
+    stopBehindPause("ERROR - Reading data");
+}
 
-void stopEndOfFile() { stopBehindPause("ERROR - End of File encountered"); }
+void stopEndOfFile() {
+    stopBehindPause("ERROR - End of File encountered");
+}
 
 void stopUnanswered() {
     consoleLine();
@@ -50,11 +54,17 @@ void stopUnanswered() {
     EXITS();
 }
 
-void stopWritingFile(std::string_view name) { stopAboutFile("ERROR - Writing file ", name); }
+void stopWritingFile(std::string_view name) {
+    stopAboutFile("ERROR - Writing file ", name);
+}
 
-void stopReadingFile(std::string_view name) { stopAboutFile("ERROR - Reading file ", name); }
+void stopReadingFile(std::string_view name) {
+    stopAboutFile("ERROR - Reading file ", name);
+}
 
-void stopOpeningFile(std::string_view name) { stopAboutFile("ERROR - Can't open file: ", name); }
+void stopOpeningFile(std::string_view name) {
+    stopAboutFile("ERROR - Can't open file: ", name);
+}
 
 void stopShouldNotBeHere(std::string_view where) {
     consoleLine(" Should not be here [", where, "] - please contact ", SUPPORT_ADDRESS, ".");

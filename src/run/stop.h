@@ -27,9 +27,9 @@ extern "C" [[noreturn]] void EXITS();
 /// "ERROR - End of File encountered", EXITS.
 [[noreturn]] void stopUnanswered();
 
-/// A file that has no message of its own can't be written, read or opened: the line "ERROR - Writing
-/// file " (or Reading) and the name behind an empty line, or "ERROR - Can't open file: " and the
-/// name behind a line end; then EXITS.
+/// A file that has no message of its own can't be written, read or opened: the line "ERROR -
+/// Writing file " (or Reading) and the name behind an empty line, or "ERROR - Can't open file: "
+/// and the name behind a line end; then EXITS.
 [[noreturn]] void stopWritingFile(std::string_view name);
 [[noreturn]] void stopReadingFile(std::string_view name);
 [[noreturn]] void stopOpeningFile(std::string_view name);

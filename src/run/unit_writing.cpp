@@ -35,18 +35,26 @@ void put(int unit, std::string_view text) {
     }
 }
 
-void endLine(int unit) { put(unit, "\r\n"); }
+void endLine(int unit) {
+    put(unit, "\r\n");
+}
 
 void putLine(int unit, std::string_view text) {
     put(unit, withoutTrailingBlanks(text));
     endLine(unit);
 }
 
-void ownerReportsWriteFailures(int unit) { fileOf(unit).ownerReports = true; }
+void ownerReportsWriteFailures(int unit) {
+    fileOf(unit).ownerReports = true;
+}
 
-bool writeFailed(int unit) { return fileOf(unit).failed; }
+bool writeFailed(int unit) {
+    return fileOf(unit).failed;
+}
 
-bool flushUnit(int unit) { return flushFile(fileOf(unit)); }
+bool flushUnit(int unit) {
+    return flushFile(fileOf(unit));
+}
 
 bool patchBytes(int unit, std::int64_t position, std::string_view bytes) {
     if (!flushUnit(unit)) return false;

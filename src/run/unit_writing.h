@@ -49,7 +49,9 @@ inline void putFixed(int unit, double value, int width, int decimals) {
 }
 
 /// An integer in its shortest form.
-inline void putInteger(int unit, std::int64_t value) { put(unit, IntegerText(value)); }
+inline void putInteger(int unit, std::int64_t value) {
+    put(unit, IntegerText(value));
+}
 
 /// One number in the byte order of the unit's mode.
 template <typename Number>

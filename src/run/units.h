@@ -20,14 +20,14 @@ struct OpenFile {
     platform::FileHandle handle = platform::kNoFile;  ///< kNoFile: closed under its owner
     const OpenMode* mode = nullptr;
     platform::FileIdentity identity;
-    Path name;                      ///< as it was opened
+    Path name;  ///< as it was opened
     std::size_t begin = 0;
     std::size_t end = 0;
-    std::int64_t bufferStart = 0;   ///< file position of the buffer's first byte
-    std::int64_t lineStart = 0;     ///< file position of the line read last
-    bool ended = false;             ///< the system has no further byte, or a read failed
-    bool failed = false;            ///< a write, or a read, was refused
-    bool ownerReports = false;      ///< its owner has a message of its own for a failed write
+    std::int64_t bufferStart = 0;  ///< file position of the buffer's first byte
+    std::int64_t lineStart = 0;    ///< file position of the line read last
+    bool ended = false;            ///< the system has no further byte, or a read failed
+    bool failed = false;           ///< a write, or a read, was refused
+    bool ownerReports = false;     ///< its owner has a message of its own for a failed write
     char buffer[kBufferSize];
 };
 
@@ -57,10 +57,11 @@ OpenFile& fileOf(int unit);
 int unitOf(const platform::FileIdentity& identity);
 
 /// Ties an opened file to a unit.
-void attachFile(Unit& unit, platform::FileHandle handle, const OpenMode& mode, std::string_view name);
+void attachFile(Unit& unit, platform::FileHandle handle, const OpenMode& mode,
+                std::string_view name);
 
-/// Writes out and closes a unit's file, if it has one, without a line on the console. False when not
-/// everything could be written.
+/// Writes out and closes a unit's file, if it has one, without a line on the console. False when
+/// not everything could be written.
 bool closeFileOf(Unit& unit);
 
 /// The same under its owner, who keeps the unit: what it then reads stops the run with

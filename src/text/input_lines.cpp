@@ -33,8 +33,7 @@ bool READLINE(int unit, TextRef line) {
             stopAtLine(unit,
                        "ERROR 0202 - End-of-file encountered reading text line from file unit "
                        "number");
-        case ReadResult::ok:
-            break;
+        case ReadResult::ok: break;
     }
     // Tabs go first, so that blanks behind leading tabs are leading blanks too.
     text = cutLine(text);
