@@ -115,4 +115,12 @@ bool d12ObjectType(int unit, std::string_view& line, D12Object& object) {
     return true;
 }
 
+bool d12NextObject(int unit, std::string_view& line, D12Object& object) {
+    while (!atEnd(unit)) {
+        if (d12ReadLine(unit, line, kObjectLineCapacity) && d12ObjectType(unit, line, object))
+            return true;
+    }
+    return false;
+}
+
 }  // namespace vantelgis

@@ -5,15 +5,11 @@
 
 #include "archive/conversions.h"
 #include "archive/head.h"
+#include "archive/layer_output.h"
 #include "archive/scanner.h"
 #include "archive/vertices.h"
-#include "gis/layers.h"
-#include "gis/operations.h"
-#include "gis/records.h"
 #include "run/console.h"
-#include "run/unit_reading.h"
 #include "text/number_field.h"
-#include "text/strings.h"
 
 namespace vantelgis {
 
@@ -25,8 +21,6 @@ constexpr FieldDefinition kFields[] = {
     {"Z", "Float", 0},       {"dZ", "Float", 0},          {"Width", "Float", 0},
     {"Options", "Char", 20}, {"String_Type", "Char", 20},
 };
-constexpr int kElevationColumns = 16;
-constexpr int kCountColumns = 8;
 
 struct StringsToGis {
     Archive archive;
@@ -38,33 +32,13 @@ struct StringsToGis {
     std::int32_t ignored = 0;
 };
 
-void openLayer(StringsToGis& run, std::string_view path) {
-    consoleLine("\nConverting .12da breaklines to gis format...");
-    gisSetFields(kFields);
-    run.gisID = gisOpenLayer(path, "PL", "O ");
-    gisWriteHeader(run.gisID);
-    gisO_.clear();
-}
-
-// Composes the string's attribute row; the rows of its points differ in the elevation only.
-void composeRow(std::string_view typeText, float z) {
-    char columns[kElevationColumns];
-    fixedField(columns, static_cast<double>(z), kElevationColumns, 3);
-    gisDataLine = std::string_view(columns, kElevationColumns);
-    gisDataLine += R"(,   0.000,   0.000,"",")";
-    gisDataLine += typeText;
-    gisDataLine += "\"";
-}
-
-void changeElevation(float z) {
-    fixedField(gisDataLine.data(), static_cast<double>(z), kElevationColumns, 3);
-}
-
-void writeLine(const StringsToGis& run) {
-    gisO_.pline = true;
-    gisWriteObject(run.gisID, gisO_);
-    gisWriteRecord(run.gisID, gisO_);
-    gisO_.pline = false;
+// The row of the string's line. Those of its points differ in the elevation only.
+void composeRow(const StringsToGis& run) {
+    const bool ownElevation = run.object.data2d || run.object.hipData;
+    Text<64> rest{R"(,   0.000,   0.000,"",")"};
+    rest += run.object.typeText;
+    rest += "\"";
+    composeElevationRow(ownElevation ? run.z[0] : run.archive.nullValue, rest);
 }
 
 void writePoints(const StringsToGis& run, bool lineWritten) {
@@ -76,7 +50,7 @@ void writePoints(const StringsToGis& run, bool lineWritten) {
         if (lineWritten) {
             gisWritePointAtNode(run.gisID, gisO_, node);
         } else {
-            gisWriteObject(run.gisID, gisO_);
+            gisWriteObject(run.gisID, gisO_);  // the only vertex
         }
         gisWriteRecord(run.gisID, gisO_);
     }
@@ -86,38 +60,35 @@ void writePoints(const StringsToGis& run, bool lineWritten) {
 void countConverted(StringsToGis& run) {
     ++run.converted;
     if (run.converted % 10 != 0) return;
-    char columns[kCountColumns];
-    integerField(columns, run.converted, kCountColumns);
-    consoleText(std::string_view(columns, kCountColumns));
+    constexpr int kColumns = 8;
+    char columns[kColumns];
+    integerField(columns, run.converted, kColumns);
+    consoleText(std::string_view(columns, kColumns));
 }
 
-// Writes the string whose vertices were read.
 void writeString(StringsToGis& run) {
-    const D12Object& object = run.object;
-    const bool ownElevation = object.data2d || object.hipData;
-    composeRow(object.typeText, ownElevation ? run.z[0] : run.archive.nullValue);
+    composeRow(run);
     gisN = run.count;
-    const bool lineWritten = run.count >= 2;
-    if (lineWritten) {
-        writeLine(run);
+    const bool isLine = run.count >= 2;
+    if (isLine) {
+        writePolyline(run.gisID);
     } else {
-        consoleLine("\nLess than 2 vertices, omminting line output, data type: ", object.typeText);
+        consoleLine("\nLess than 2 vertices, omminting line output, data type: ",
+                    run.object.typeText);
     }
-    writePoints(run, lineWritten);
+    writePoints(run, isLine);
     countConverted(run);
 }
 
 void convertObject(StringsToGis& run, std::string_view line) {
     D12Object& object = run.object;
-    if (!d12ObjectType(run.archive.unit, line, object)) return;
     if (!object.data2d && !object.data3d && !object.hipData) {
         ++run.ignored;
         d12PassOver(run.archive.unit, line, object);
         return;
     }
     if (!d12ReadVertices(run.archive, object, run.z, kMaxVertices, run.count)) return;
-    if (object.hipData && !includeHip) return;
-    writeString(run);
+    if (!object.hipData || includeHip) writeString(run);
 }
 
 }  // namespace
@@ -125,12 +96,11 @@ void convertObject(StringsToGis& run, std::string_view line) {
 void convert_12da_to_mif(std::string_view inputPath, std::string_view outputPath) {
     StringsToGis run;
     d12OpenArchive(run.archive, inputPath);
-    openLayer(run, outputPath);
+    consoleLine("\nConverting .12da breaklines to gis format...");
+    run.gisID = openOutputLayer(outputPath, "PL", kFields);
     if (!d12BeginData(run.archive)) return;
-    while (!atEnd(run.archive.unit)) {
-        std::string_view line;
-        if (d12ReadLine(run.archive.unit, line, kObjectLineCapacity)) convertObject(run, line);
-    }
+    std::string_view line;
+    while (d12NextObject(run.archive.unit, line, run.object)) convertObject(run, line);
     consoleLine("\nConverted ", run.converted, " string objects and ignored ", run.ignored);
     consoleLine();
     gisCloseLayer(run.gisID);
