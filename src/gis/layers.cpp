@@ -3,6 +3,7 @@
 #include "gis/mif/files.h"
 #include "gis/records.h"
 #include "gis/report.h"
+#include "gis/shp/files.h"
 #include "run/console.h"
 #include "run/opener.h"
 #include "run/stop.h"
@@ -68,7 +69,7 @@ void gisInitialise(int /*logUnit*/, std::string_view /*title*/, std::string_view
     }
 }
 
-int gisOpenLayer(std::string_view name, std::string_view /*shapeFamilies*/, std::string_view mode) {
+int gisOpenLayer(std::string_view name, std::string_view shapeFamilies, std::string_view mode) {
     consoleLine("Opening GIS Layer: ", withoutTrailingBlanks(name));
     const int gisID = firstFreeSlot();
     consoleLine("GIS Layer assigned ID of ", gisID);
@@ -82,6 +83,13 @@ int gisOpenLayer(std::string_view name, std::string_view /*shapeFamilies*/, std:
     switch (layer.kind) {
         case GisKind::mif:
             gisMifOpen(name, mode, layer.mif);
+            break;
+        case GisKind::shp:
+            if (layer.writing) {
+                shpOpenFamilies(name, shapeFamilies, layer);
+            } else {
+                OpenshpFile(name, shapeFamilies, mode, layer.shp[0], layer.dbf[0]);
+            }
             break;
         default:
             stopShouldNotBeHere("gisOpenLayer");
@@ -124,6 +132,9 @@ void gisCloseLayer(int& gisID) {
         case GisKind::mif:
             closeIfOpen(layer.mif.mifUnit);
             closeIfOpen(layer.mif.midUnit);
+            break;
+        case GisKind::shp:
+            shpCloseFiles(layer);
             break;
         default:
             stopShouldNotBeHere("gisCloseLayer");

@@ -1,9 +1,11 @@
 #include "gis/operations.h"
 
+#include "gis/dbf/reader.h"
 #include "gis/measures.h"
 #include "gis/mif/reader.h"
 #include "gis/mif/writer.h"
 #include "gis/report.h"
+#include "gis/shp/reader.h"
 #include "run/console.h"
 #include "run/stop.h"
 #include "run/unit_reading.h"
@@ -43,6 +45,17 @@ void numberedLine(std::string_view label, std::int32_t value) {
     consoleLine(label, std::string_view(columns, kColumns));
 }
 
+void readDbfRecord(GisLayer& layer, TextRef record) {
+    bool endMark = false;
+    dbfReadRecord(layer.dbf[0], endMark, record);
+    layer.atEnd = endMark || atEnd(layer.dbf[0].dbfUnit);
+}
+
+void readDbfHeader(dbfL_& dbf) {
+    dbfReadHeader(dbf);
+    dbf.recordNo = 0;
+}
+
 // Parts have to start at rising nodes.
 void checkParts(int gisID, GisObject& object) {
     if (object.nr < 1) object.nr = 1;
@@ -68,6 +81,10 @@ void gisReadHeader(int gisID) {
         case GisKind::mif:
             gisMifReadHeader(layer.mif);
             break;
+        case GisKind::shp:
+            shpReadLayerHeader(layer.shp[0]);
+            readDbfHeader(layer.dbf[0]);
+            break;
         default:
             stopShouldNotBeHere("gisReadHeader");
     }
@@ -81,6 +98,10 @@ void gisGotoBeginningOfData(int gisID) {
         case GisKind::mif:
             gisMifSkipToData(layer.mif.mifUnit);
             rewindUnit(layer.mif.midUnit);
+            break;
+        case GisKind::shp:
+            shpRewind(layer.shp[0]);
+            readDbfHeader(layer.dbf[0]);
             break;
         default:
             stopShouldNotBeHere("gisGotoBeginningOfData");
@@ -96,6 +117,10 @@ bool gisObjectType(int gisID, GisObject& object) {
             found = gisMifObjectType(layer.mif.mifUnit, layer.mif.line, layer.mif.rest, object);
             layer.atEnd = atEnd(layer.mif.mifUnit);
             break;
+        case GisKind::shp:
+            found = shpObjectType(layer.shp[0], object);
+            layer.atEnd = atEnd(layer.shp[0].shpUnit);
+            break;
         default:
             stopShouldNotBeHere("gisObjectType");
     }
@@ -110,6 +135,9 @@ void gisReadRecord(int gisID, const GisObject& object, TextRef record) {
             readMidRecord(layer.mif, object, record);
             layer.atEnd = atEnd(layer.mif.midUnit);
             break;
+        case GisKind::shp:
+            readDbfRecord(layer, record);
+            break;
         default:
             stopShouldNotBeHere("gisReadRecord");
     }
@@ -122,6 +150,10 @@ void gisReadObject(int gisID, GisObject& object, ObjectNodes& nodes) {
         case GisKind::mif:
             gisMifReadObject(layer.mif.mifUnit, layer.mif.rest, object, nodes, noCentreSeen);
             layer.atEnd = atEnd(layer.mif.mifUnit);
+            break;
+        case GisKind::shp:
+            shpReadObject(layer.shp[0], object, nodes);
+            layer.atEnd = atEnd(layer.shp[0].shpUnit);
             break;
         default:
             stopShouldNotBeHere("gisReadObject");

@@ -50,6 +50,8 @@ struct shpL_ {
     double yMin = 0;
     double xMax = -1;
     double yMax = -1;
+    std::int64_t unread = 0;      ///< bytes of the current record that were not read yet
+    bool countAhead = false;      ///< its count of points, and they, are still to come as well
 };
 
 /// The dBase table that belongs to a shapefile.

@@ -1,0 +1,84 @@
+#include <array>
+#include <string_view>
+
+#include "gis/dbf/reader.h"
+#include "gis/report.h"
+#include "run/console.h"
+#include "run/unit_reading.h"
+#include "text/strings.h"
+
+namespace vantelgis {
+
+namespace {
+
+constexpr char kTerminator = 13;
+
+// Where things stand in a field descriptor.
+constexpr std::size_t kNameBytes = 11;
+constexpr std::size_t kTypeOffset = 11;
+constexpr std::size_t kLengthOffset = 16;
+constexpr std::size_t kDescriptorBytes = 32;
+
+void readHeaderBytes(int unit, char* out, std::size_t size) {
+    const ReadResult result = readBytes(unit, out, size);
+    if (result == ReadResult::end)
+        gisStop("ERROR 0404 - End of .dbf file encountered whilst reading header.");
+    if (result == ReadResult::failed) gisStop("ERROR 0403 - Reading .dbf file header.");
+}
+
+std::int32_t readRecordCount(int unit) {
+    constexpr std::size_t kCountOffset = 4;
+    char header[32];
+    readHeaderBytes(unit, header, sizeof header);
+    return fromLittleEndian<std::int32_t>(header + kCountOffset);
+}
+
+// Reads a field descriptor, by the pieces that can stop the run; false when the terminator stands
+// in its place.
+bool readField(dbfL_& dbf) {
+    char bytes[kDescriptorBytes];
+    readHeaderBytes(dbf.dbfUnit, bytes, 1);
+    if (bytes[0] == kTerminator) return false;
+    readHeaderBytes(dbf.dbfUnit, bytes + 1, kNameBytes - 1);
+    if (dbf.nFields == kMaxDbfFields)
+        gisStop("ERROR 0401 - Exceeded maximum number of dbf Fields.");
+    readHeaderBytes(dbf.dbfUnit, bytes + kNameBytes, kLengthOffset + 1 - kNameBytes);
+    const int width = static_cast<unsigned char>(bytes[kLengthOffset]);
+    if (width == 0) {
+        gisStop("ERROR 0402 - dbf field length of ", width,
+                " is outside allowable range of 1 to 255.");
+    }
+    readHeaderBytes(dbf.dbfUnit, bytes + kLengthOffset + 1, kDescriptorBytes - kLengthOffset - 1);
+
+    const auto i = static_cast<std::size_t>(dbf.nFields++);
+    CLEANATTRIBUTENAME(dbf.fieldName[i], {bytes, kNameBytes}, int{kNameBytes});
+    dbf.fieldType[i] = bytes[kTypeOffset];
+    dbf.fieldWidth[i] = width;
+    dbf.recordLength += width;
+    return true;
+}
+
+void tellFields(const dbfL_& dbf) {
+    consoleText(dbf.nFields, " DBF Fields (Name [#/Type/Length]): ");
+    for (int i = 0; i < dbf.nFields; ++i) {
+        consoleText(dbf.fieldName[i], " [", i + 1, "/", std::string_view(&dbf.fieldType[i], 1), "/",
+                    dbf.fieldWidth[i], "]  ");
+    }
+    consoleLine();
+}
+
+}  // namespace
+
+void dbfReadHeader(dbfL_& dbf) {
+    if (dbf.dbfUnit <= 0) return;
+    rewindUnit(dbf.dbfUnit);
+    dbf.nRecords = readRecordCount(dbf.dbfUnit);
+    consoleLine("DBF file contains ", dbf.nRecords, " records.");
+    dbf.nFields = dbf.recordLength = 0;
+    while (readField(dbf)) {
+    }
+    if (dbf.nFields < 1) gisStop("ERROR 0319 - No attributes specified in .dbf file.");
+    tellFields(dbf);
+}
+
+}  // namespace vantelgis

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "gis/records.h"
+#include "text/text.h"
+
+namespace vantelgis {
+
+// The reader of dBase III tables, strictly forward: the header's own sizes are not used, its
+// terminator byte says where the records begin. The bytes of the fields pass through unchanged.
+
+/// Goes back to the start and reads the table header and the field descriptors, which it tells on
+/// the console. Leaves the file at the first record. Nothing happens without an open file.
+void dbfReadHeader(dbfL_& dbf);
+
+/// Reads the next record that is not deleted as one line of comma-separated text, character fields
+/// in double quotes. At the mark behind the last record `atEnd` becomes true and `record` is blank;
+/// a count that differs from the header's is warned of.
+void dbfReadRecord(dbfL_& dbf, bool& atEnd, TextRef record);
+
+}  // namespace vantelgis

@@ -1,0 +1,136 @@
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <string_view>
+
+#include "gis/dbf/reader.h"
+#include "gis/report.h"
+#include "run/unit_reading.h"
+
+namespace vantelgis {
+
+namespace {
+
+constexpr char kDeleted = '*';
+constexpr char kActive = ' ';
+constexpr char kActiveToo = '\0';
+constexpr char kEndMark = 26;
+constexpr std::size_t kLongestRecord = std::size_t{kMaxDbfFields} * 255;
+
+void settle(ReadResult result) {
+    if (result == ReadResult::end)
+        gisStop("ERROR 0408 - End of .dbf file encountered whilst reading record.");
+    if (result == ReadResult::failed) gisStop("ERROR 0407 - Reading .dbf record.");
+}
+
+char readMark(int unit) {
+    char mark;
+    settle(readBytes(unit, &mark, 1));
+    return mark;
+}
+
+// The fields' bytes where they stand in the unit's buffer, or gathered in `gathered` when they
+// reach over its end.
+const char* readFields(const dbfL_& dbf, char* gathered) {
+    const auto size = static_cast<std::size_t>(dbf.recordLength);
+    const std::string_view atHand = readSome(dbf.dbfUnit, size);
+    if (atHand.size() == size) return atHand.data();
+    std::copy(atHand.begin(), atHand.end(), gathered);
+    settle(readBytes(dbf.dbfUnit, gathered + atHand.size(), size - atHand.size()));
+    return gathered;
+}
+
+// A record's line as it grows. Blanks at its end never count, not even where a field was cut.
+class RecordLine {
+  public:
+    explicit RecordLine(TextRef target) : target_(target) { target_.clear(); }
+
+    void add(char c) {
+        if (length_ < target_.capacity) target_.data[length_++] = c;
+    }
+    void add(std::string_view text) {
+        const std::size_t n = std::min(text.size(), target_.capacity - length_);
+        if (n > 0) std::memcpy(target_.data + length_, text.data(), n);
+        length_ += n;
+    }
+    void endPiece() {
+        length_ = withoutTrailingBlanks({target_.data, length_}).size();
+        *target_.length = length_;
+    }
+
+  private:
+    TextRef target_;
+    std::size_t length_ = 0;
+};
+
+void addField(RecordLine& line, std::string_view bytes, char type) {
+    const std::string_view value = withoutTrailingBlanks(bytes);
+    if (type == 'C' || type == 'c') {
+        line.add('"');
+        line.add(value);
+        line.add('"');
+    } else if (bytes.front() == '*') {
+        line.add('0');  // a number that was too large for its field
+    } else {
+        line.add(value);
+    }
+    line.endPiece();
+}
+
+void readActiveRecord(dbfL_& dbf, TextRef record) {
+    if (dbf.recordNo < std::numeric_limits<std::int32_t>::max()) ++dbf.recordNo;
+    char gathered[kLongestRecord];
+    const char* bytes = readFields(dbf, gathered);
+    RecordLine line(record);
+    for (int i = 0; i < dbf.nFields; ++i) {
+        if (i > 0) {
+            line.add(',');
+            line.endPiece();
+        }
+        const auto width = static_cast<std::size_t>(dbf.fieldWidth[i]);
+        addField(line, {bytes, width}, dbf.fieldType[i]);
+        bytes += width;
+    }
+}
+
+void meetEndMark(const dbfL_& dbf, bool& atEnd) {
+    atEnd = true;
+    if (dbf.recordNo == dbf.nRecords) return;
+    gisSetMessage(
+        "WARNING 0405 - Insufficient number of records found in .dbf file.",
+        MessageLine("               Found ", dbf.recordNo, ", expecting ", dbf.nRecords, "."));
+    gisReport(0);
+}
+
+[[noreturn]] void stopAboutMark(char mark, std::string_view record) {
+    gisSetMessage("ERROR 0406 - Unrecognised record identifier found in .dbf file.",
+                  MessageLine("Character = ", std::string_view(&mark, 1), " [",
+                              int{static_cast<unsigned char>(mark)}, "]"),
+                  MessageLine("Data line thus far = ", record));
+    gisReport(1);
+    EXITS();
+}
+
+}  // namespace
+
+void dbfReadRecord(dbfL_& dbf, bool& atEnd, TextRef record) {
+    record.clear();
+    char mark = readMark(dbf.dbfUnit);
+    while (mark == kDeleted) {
+        settle(skipBytes(dbf.dbfUnit, dbf.recordLength));
+        mark = readMark(dbf.dbfUnit);
+    }
+    switch (mark) {
+        case kActive:
+        case kActiveToo:
+            readActiveRecord(dbf, record);
+            break;
+        case kEndMark:
+            meetEndMark(dbf, atEnd);
+            break;
+        default:
+            stopAboutMark(mark, record.view());
+    }
+}
+
+}  // namespace vantelgis

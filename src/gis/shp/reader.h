@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+
+#include "gis/records.h"
+
+namespace vantelgis {
+
+// The reader of ESRI shapefiles (the layout is that of the ESRI Shapefile Technical Description):
+// Null Shape, Point, PolyLine, Polygon and MultiPoint in their plane forms. It reads the .shp
+// strictly forward, by the counts in each record; the record numbers and lengths and the .shx are
+// not used.
+
+/// What the 100 bytes of a main header say in the byte order of the unit they are read through: the
+/// code and length are right in the big-endian view, everything else in the little-endian one.
+struct ShpHeader {
+    std::int32_t code = 0;
+    std::int32_t length = 0;  ///< of the file, in 16-bit words
+    std::int32_t version = 0;
+    std::int32_t type = 0;
+    double xMin = 0;
+    double yMin = 0;
+    double xMax = 0;
+    double yMax = 0;
+};
+
+/// Goes back to the start and reads the main header; the unit then stands at the first record.
+/// Nothing happens for a unit that is not above 0.
+ShpHeader shpReadHeader(int unit);
+
+/// Reads the header of a layer just opened through both of its units into `shp`, tells of it on the
+/// console and closes the big-endian unit.
+void shpReadLayerHeader(shpL_& shp);
+
+/// Goes back to the first record.
+void shpRewind(shpL_& shp);
+
+/// Passes over what is left of the record before, reads the next record's head and fixed part, and
+/// sets the object's flag, counts and name. A polyline of no parts sets no flag. False at the end
+/// of the file.
+bool shpObjectType(shpL_& shp, GisObject& object);
+
+/// Reads the coordinates of the object: of a polyline its next part, of a multipoint its next
+/// point, of a polygon all rings, with a copy of its second vertex behind each.
+void shpReadObject(shpL_& shp, GisObject& object, ObjectNodes& nodes);
+
+}  // namespace vantelgis
