@@ -1,0 +1,129 @@
+// Writes the data of the benchmarks: the same bytes on every machine and in every run.
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "text/number_field.h"
+
+namespace {
+
+using vantelgis::IntegerText;
+
+// SplitMix64: the library's distributions differ from one library to the next.
+class Random {
+  public:
+    // 0 to limit - 1
+    std::int64_t below(std::int64_t limit) {
+        state_ += 0x9e3779b97f4a7c15U;
+        std::uint64_t z = state_;
+        z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9U;
+        z = (z ^ (z >> 27)) * 0x94d049bb133111ebU;
+        return static_cast<std::int64_t>((z ^ (z >> 31)) % static_cast<std::uint64_t>(limit));
+    }
+
+  private:
+    std::uint64_t state_ = 20240501;
+};
+
+// A file that is written front to back.
+class Output {
+  public:
+    explicit Output(const std::string& name) : file_(std::fopen(name.c_str(), "wb")) {
+        if (file_ == nullptr) fail(name);
+    }
+    ~Output() {
+        if (std::fclose(file_) != 0) fail("the last bytes");
+    }
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+
+    Output& operator<<(std::string_view text) {
+        if (std::fwrite(text.data(), 1, text.size(), file_) != text.size()) fail("a file");
+        return *this;
+    }
+    Output& operator<<(std::int64_t value) { return *this << std::string_view(IntegerText(value)); }
+
+  private:
+    [[noreturn]] static void fail(const std::string& name) {
+        std::fprintf(stderr, "Can't write %s\n", name.c_str());
+        std::exit(1);
+    }
+
+    std::FILE* file_;
+};
+
+// A coordinate in millionths of a metre, with its six decimals.
+void putMicro(Output& out, std::int64_t micro) {
+    const std::string fraction = std::to_string(1'000'000 + micro % 1'000'000);
+    out << micro / 1'000'000 << "." << std::string_view(fraction).substr(1);
+}
+
+constexpr std::int64_t kMetre = 1'000'000;
+
+struct Place {
+    std::int64_t x, y;
+};
+
+Place somewhere(Random& random) {
+    return {(300'000 + random.below(60'000)) * kMetre + random.below(kMetre),
+            (6'200'000 + random.below(60'000)) * kMetre + random.below(kMetre)};
+}
+
+void step(Random& random, Place& place) {
+    place.x += random.below(50 * kMetre) - 25 * kMetre;
+    place.y += random.below(50 * kMetre) - 25 * kMetre;
+}
+
+constexpr std::string_view kCoordSys =
+    "CoordSys Earth Projection 8, 116, \"m\", 153, 0, 0.9996, 500000, 10000000\n";
+
+// lines.mif and lines.mid: 100,000 polylines of 20 to 60 nodes, two attributes. Gives the nodes.
+std::int64_t mifLines(const std::string& folder) {
+    Random random;
+    Output(folder + "/Header.mif") << kCoordSys;
+    Output mif(folder + "/lines.mif");
+    Output mid(folder + "/lines.mid");
+    mif << "Version 300\nCharset \"WindowsLatin1\"\nDelimiter \",\"\n"
+        << kCoordSys << "Columns 2\n  ID Integer\n  NAME Char(24)\nData\n\n";
+    std::int64_t vertices = 0;
+    for (std::int64_t line = 1; line <= 100'000; ++line) {
+        const std::int64_t nodes = 20 + random.below(41);
+        vertices += nodes;
+        mif << "Pline " << nodes << "\n";
+        Place place = somewhere(random);
+        for (std::int64_t node = 0; node < nodes; ++node) {
+            putMicro(mif, place.x);
+            mif << " ";
+            putMicro(mif, place.y);
+            mif << "\n";
+            step(random, place);
+        }
+        mif << "    Pen (1,2,0)\n";
+        mid << line << ",\"ridge " << line << "\"\n";
+    }
+    return vertices;
+}
+
+struct Recipe {
+    std::string_view name;
+    std::int64_t (*write)(const std::string& folder);
+};
+constexpr Recipe kRecipes[] = {{"mif-lines", mifLines}};
+
+}  // namespace
+
+// Arguments: a recipe and the folder to fill. Prints the number of vertices.
+int main(int argc, char** argv) {
+    for (const Recipe& recipe : kRecipes) {
+        if (argc == 3 && recipe.name == argv[1]) {
+            std::printf("%lld\n", static_cast<long long>(recipe.write(argv[2])));
+            return 0;
+        }
+    }
+    std::fprintf(stderr, "Usage: bench_generate RECIPE FOLDER\n");
+    return 2;
+}
