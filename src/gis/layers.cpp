@@ -1,9 +1,11 @@
 #include "gis/layers.h"
 
+#include "gis/dbf/writer.h"
 #include "gis/mif/files.h"
 #include "gis/records.h"
 #include "gis/report.h"
 #include "gis/shp/files.h"
+#include "gis/shp/writer.h"
 #include "run/console.h"
 #include "run/opener.h"
 #include "run/stop.h"
@@ -53,8 +55,9 @@ void gisWriteEoF(int gisID) {
                     ".");
         EXITS();
     }
-    const GisLayer& layer = gisLayer(gisID);
+    GisLayer& layer = gisLayer(gisID);
     if (layer.kind == GisKind::mif) finishMif(layer.mif);
+    if (layer.kind == GisKind::shp) shpFinishLayer(layer);
 }
 
 }  // namespace
@@ -63,6 +66,7 @@ void gisInitialise(int /*logUnit*/, std::string_view /*title*/, std::string_view
                    std::string_view /*inputLayersName*/) {
     gisDataLine.clear();
     gisSetMessage({});
+    dbfForgetItems();
     for (int id = 1; id <= kMaxLayers; ++id) {
         gisInitialiseLayer(id);
         gisLayer(id).open = false;
@@ -81,9 +85,7 @@ int gisOpenLayer(std::string_view name, std::string_view shapeFamilies, std::str
     layer.kind = gisFormatKind(extension);
     layer.writing = isOutput(mode);
     switch (layer.kind) {
-        case GisKind::mif:
-            gisMifOpen(name, mode, layer.mif);
-            break;
+        case GisKind::mif: gisMifOpen(name, mode, layer.mif); break;
         case GisKind::shp:
             if (layer.writing) {
                 shpOpenFamilies(name, shapeFamilies, layer);
@@ -91,8 +93,7 @@ int gisOpenLayer(std::string_view name, std::string_view shapeFamilies, std::str
                 OpenshpFile(name, shapeFamilies, mode, layer.shp[0], layer.dbf[0]);
             }
             break;
-        default:
-            stopShouldNotBeHere("gisOpenLayer");
+        default: stopShouldNotBeHere("gisOpenLayer");
     }
     layer.open = true;
     layer.name = name;
@@ -133,11 +134,8 @@ void gisCloseLayer(int& gisID) {
             closeIfOpen(layer.mif.mifUnit);
             closeIfOpen(layer.mif.midUnit);
             break;
-        case GisKind::shp:
-            shpCloseFiles(layer);
-            break;
-        default:
-            stopShouldNotBeHere("gisCloseLayer");
+        case GisKind::shp: shpCloseFiles(layer); break;
+        default: stopShouldNotBeHere("gisCloseLayer");
     }
     layer.open = layer.writing = false;
     layer.atEnd = true;

@@ -6,6 +6,7 @@
 #include "gis/mif/writer.h"
 #include "gis/report.h"
 #include "gis/shp/reader.h"
+#include "gis/shp/writer.h"
 #include "run/console.h"
 #include "run/stop.h"
 #include "run/unit_reading.h"
@@ -78,15 +79,12 @@ void checkParts(int gisID, GisObject& object) {
 void gisReadHeader(int gisID) {
     GisLayer& layer = usableLayer(gisID, "gisReadHeader");
     switch (layer.kind) {
-        case GisKind::mif:
-            gisMifReadHeader(layer.mif);
-            break;
+        case GisKind::mif: gisMifReadHeader(layer.mif); break;
         case GisKind::shp:
             shpReadLayerHeader(layer.shp[0]);
             readDbfHeader(layer.dbf[0]);
             break;
-        default:
-            stopShouldNotBeHere("gisReadHeader");
+        default: stopShouldNotBeHere("gisReadHeader");
     }
 }
 
@@ -103,8 +101,7 @@ void gisGotoBeginningOfData(int gisID) {
             shpRewind(layer.shp[0]);
             readDbfHeader(layer.dbf[0]);
             break;
-        default:
-            stopShouldNotBeHere("gisGotoBeginningOfData");
+        default: stopShouldNotBeHere("gisGotoBeginningOfData");
     }
 }
 
@@ -121,8 +118,7 @@ bool gisObjectType(int gisID, GisObject& object) {
             found = shpObjectType(layer.shp[0], object);
             layer.atEnd = atEnd(layer.shp[0].shpUnit);
             break;
-        default:
-            stopShouldNotBeHere("gisObjectType");
+        default: stopShouldNotBeHere("gisObjectType");
     }
     return found;
 }
@@ -135,11 +131,8 @@ void gisReadRecord(int gisID, const GisObject& object, TextRef record) {
             readMidRecord(layer.mif, object, record);
             layer.atEnd = atEnd(layer.mif.midUnit);
             break;
-        case GisKind::shp:
-            readDbfRecord(layer, record);
-            break;
-        default:
-            stopShouldNotBeHere("gisReadRecord");
+        case GisKind::shp: readDbfRecord(layer, record); break;
+        default: stopShouldNotBeHere("gisReadRecord");
     }
 }
 
@@ -155,8 +148,7 @@ void gisReadObject(int gisID, GisObject& object, ObjectNodes& nodes) {
             shpReadObject(layer.shp[0], object, nodes);
             layer.atEnd = atEnd(layer.shp[0].shpUnit);
             break;
-        default:
-            stopShouldNotBeHere("gisReadObject");
+        default: stopShouldNotBeHere("gisReadObject");
     }
     measureObject(object, nodes, noCentreSeen);
 }
@@ -164,11 +156,9 @@ void gisReadObject(int gisID, GisObject& object, ObjectNodes& nodes) {
 void gisWriteHeader(int gisID) {
     GisLayer& layer = usableLayer(gisID, "gisWriteHeader");
     switch (layer.kind) {
-        case GisKind::mif:
-            gisMifWriteHeader(gisA_, layer.mif.mifUnit);
-            break;
-        default:
-            stopShouldNotBeHere("gisWriteHeader");
+        case GisKind::mif: gisMifWriteHeader(gisA_, layer.mif.mifUnit); break;
+        case GisKind::shp: shpWriteLayerHeaders(layer); break;
+        default: stopShouldNotBeHere("gisWriteHeader");
     }
 }
 
@@ -177,22 +167,18 @@ void gisWriteObject(int gisID, GisObject& object) {
     if (object.line || object.pline || object.plineMultiple || object.region)
         checkParts(gisID, object);
     switch (layer.kind) {
-        case GisKind::mif:
-            gisMifWriteObject(object, layer.mif.mifUnit);
-            break;
-        default:
-            stopShouldNotBeHere("gisWriteObject");
+        case GisKind::mif: gisMifWriteObject(object, layer.mif.mifUnit); break;
+        case GisKind::shp: shpWriteLayerObject(layer, object); break;
+        default: stopShouldNotBeHere("gisWriteObject");
     }
 }
 
 void gisWritePointAtNode(int gisID, GisObject& /*object*/, std::int32_t node) {
     GisLayer& layer = usableLayer(gisID, "gisWriteObject");
     switch (layer.kind) {
-        case GisKind::mif:
-            gisMifWritePointAtNode(node, layer.mif.mifUnit);
-            break;
-        default:
-            stopShouldNotBeHere("gisWriteObject");
+        case GisKind::mif: gisMifWritePointAtNode(node, layer.mif.mifUnit); break;
+        case GisKind::shp: shpWritePointAtNode(node, layer.shp[0]); break;
+        default: stopShouldNotBeHere("gisWriteObject");
     }
 }
 
@@ -203,8 +189,8 @@ void gisWriteRecord(int gisID, const GisObject& object) {
             putLine(layer.mif.midUnit, gisDataLine);
             if (writeFailed(layer.mif.midUnit)) stopAboutRecord("write attribute", object);
             break;
-        default:
-            stopShouldNotBeHere("gisWriteRecord");
+        case GisKind::shp: shpWriteLayerRecord(layer, object); break;
+        default: stopShouldNotBeHere("gisWriteRecord");
     }
 }
 

@@ -1,14 +1,10 @@
 #pragma once
 
-#include <algorithm>
-#include <concepts>
-#include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 
 #include "run/stop.h"
-#include "text/number_field.h"
+#include "text/joined.h"
 #include "text/text.h"
 
 namespace vantelgis {
@@ -23,26 +19,8 @@ void gisReport(int nBlank);
 void gisSetMessage(std::string_view line1, std::string_view line2 = {}, std::string_view line3 = {},
                    std::string_view line4 = {});
 
-/// Texts and integers one behind the other, as one line of a message.
-class MessageLine {
-  public:
-    template <typename... Parts>
-    explicit MessageLine(const Parts&... parts) {
-        (add(parts), ...);
-    }
-    operator std::string_view() const { return {buffer_, length_}; }
-
-  private:
-    void add(std::string_view text) {
-        const std::size_t n = std::min(text.size(), sizeof buffer_ - length_);
-        std::memcpy(buffer_ + length_, text.data(), n);
-        length_ += n;
-    }
-    void add(std::integral auto value) { add(std::string_view(IntegerText(value))); }
-
-    char buffer_[1000];
-    std::size_t length_ = 0;
-};
+/// One line of a message, made of texts and integers.
+using MessageLine = Joined<1000>;
 
 /// Reports a message of one line, made of texts and integers, and stops the run through EXITS.
 template <typename... Parts>

@@ -122,14 +122,9 @@ void dbfReadRecord(dbfL_& dbf, bool& atEnd, TextRef record) {
     }
     switch (mark) {
         case kActive:
-        case kActiveToo:
-            readActiveRecord(dbf, record);
-            break;
-        case kEndMark:
-            meetEndMark(dbf, atEnd);
-            break;
-        default:
-            stopAboutMark(mark, record.view());
+        case kActiveToo: readActiveRecord(dbf, record); break;
+        case kEndMark: meetEndMark(dbf, atEnd); break;
+        default: stopAboutMark(mark, record.view());
     }
 }
 

@@ -176,22 +176,14 @@ bool shpObjectType(shpL_& shp, GisObject& object) {
     shp.recordType = readRecordHead(shp.shpUnit);
     object.objName = shapeName(shp.recordType);
     switch (shp.recordType) {
-        case kNullShape:
-            object.none = true;
-            break;
+        case kNullShape: object.none = true; break;
         case kPoint:
             object.point = true;
             shp.unread = kPointBytes;
             break;
-        case kPolyLine:
-            readPolylineHead(shp, object);
-            break;
-        case kPolygon:
-            readPolygonHead(shp, object);
-            break;
-        case kMultiPoint:
-            readMultiPointHead(shp, object);
-            break;
+        case kPolyLine: readPolylineHead(shp, object); break;
+        case kPolygon: readPolygonHead(shp, object); break;
+        case kMultiPoint: readMultiPointHead(shp, object); break;
         default:
             gisStop("ERROR 0423 - Unsupported .shp object type ", shapeName(shp.recordType), " [",
                     shp.recordType, "]");
@@ -201,20 +193,12 @@ bool shpObjectType(shpL_& shp, GisObject& object) {
 
 void shpReadObject(shpL_& shp, GisObject& object, ObjectNodes& nodes) {
     switch (shp.recordType) {
-        case kNullShape:
-            break;
+        case kNullShape: break;
         case kPoint:
-        case kMultiPoint:
-            readOnePoint(shp, nodes);
-            break;
-        case kPolyLine:
-            readNextPart(shp, object, nodes);
-            break;
-        case kPolygon:
-            readPolygon(shp, object, nodes);
-            break;
-        default:
-            stopShapeless();
+        case kMultiPoint: readOnePoint(shp, nodes); break;
+        case kPolyLine: readNextPart(shp, object, nodes); break;
+        case kPolygon: readPolygon(shp, object, nodes); break;
+        default: stopShapeless();
     }
 }
 

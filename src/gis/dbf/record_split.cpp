@@ -1,0 +1,85 @@
+#include "gis/dbf/record_split.h"
+
+#include <algorithm>
+
+#include "text/characters.h"
+
+namespace vantelgis {
+
+namespace {
+
+bool endsWord(char c) {
+    return c == ' ' || c == ',' || c == '/';
+}
+
+void skipBlanks(std::string_view& rest) {
+    rest = withoutLeadingBlanks(rest);
+}
+
+// Takes `n*`, saturated at `most`; 1 when the text begins otherwise.
+std::size_t takeRepeatCount(std::string_view& rest, std::size_t most) {
+    std::size_t digits = 0;
+    std::size_t count = 0;
+    while (digits < rest.size() && isDigit(rest[digits]))
+        count = std::min(most, count * 10 + static_cast<std::size_t>(rest[digits++] - '0'));
+    if (digits == 0 || digits == rest.size() || rest[digits] != '*') return 1;
+    rest.remove_prefix(digits + 1);
+    return count;
+}
+
+// Takes an item in quotes; one that is never closed runs to the end of the line.
+void takeQuoted(std::string_view& rest, RecordItem& item) {
+    const char quote = rest[0];
+    const TextRef target = item;
+    std::size_t length = 0;
+    std::size_t at = 1;
+    for (; at < rest.size(); ++at) {
+        if (rest[at] == quote) {
+            if (at + 1 >= rest.size() || rest[at + 1] != quote) break;
+            ++at;
+        }
+        if (length < target.capacity) target.data[length++] = rest[at];
+    }
+    *target.length = withoutTrailingBlanks({target.data, length}).size();
+    rest.remove_prefix(std::min(at + 1, rest.size()));
+}
+
+void takeWord(std::string_view& rest, RecordItem& item) {
+    std::size_t length = 0;
+    while (length < rest.size() && !endsWord(rest[length])) ++length;
+    item = rest.substr(0, length);
+    rest.remove_prefix(length);
+}
+
+// Takes what stands behind a repeat count, which may be nothing, into the first of `items` and
+// copies it to the others.
+void takeItem(std::string_view& rest, std::span<RecordItem> items) {
+    if (rest.empty() || endsWord(rest[0])) return;
+    if (isQuote(rest[0])) {
+        takeQuoted(rest, items[0]);
+    } else {
+        takeWord(rest, items[0]);
+    }
+    std::fill(items.begin() + 1, items.end(), items[0]);
+}
+
+}  // namespace
+
+bool dbfSplitRecord(std::string_view line, std::span<RecordItem> items) {
+    while (!items.empty()) {
+        skipBlanks(line);
+        if (line.empty() || line[0] == '/') break;
+        std::size_t count = 1;
+        if (line[0] != ',') {
+            count = takeRepeatCount(line, items.size());
+            if (count == 0) return false;
+            takeItem(line, items.first(count));
+            skipBlanks(line);
+        }
+        items = items.subspan(count);
+        if (line.starts_with(',')) line.remove_prefix(1);
+    }
+    return true;
+}
+
+}  // namespace vantelgis

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+
+#include "gis/records.h"
+
+namespace vantelgis {
+
+// The writer of dBase III tables. Values stand in their fields as they stand in the record line;
+// nothing is reformatted.
+
+/// Empties the table and writes its header and descriptors from the attribute fields, with the
+/// local date. Nothing happens without an open file. Fields that a table can't hold, and a refused
+/// write (ERROR 0413), stop the run.
+void dbfWriteHeader(const GisAttributes& fields, dbfL_& dbf);
+
+/// Counts a record and writes it from gisDataLine. Stops with ERROR 0419 when the count is at its
+/// limit and with ERROR 0417 when a write was refused.
+void dbfWriteRecord(dbfL_& dbf);
+
+/// Writes the record that is counted already.
+void dbfdataline(const dbfL_& dbf);
+
+/// Forgets the items of the records before; a run starts so.
+void dbfForgetItems();
+
+/// Writes the mark behind the last record, puts the number of records into the header and closes
+/// the file. ERROR 0417 or 0413 when a write is refused.
+void dbfFinish(dbfL_& dbf);
+
+/// `value` as the 16 or 8 bits of an unsigned number; one outside its range stops the run.
+std::int16_t i2u(std::int64_t value);
+std::int8_t i1u(std::int64_t value);
+
+}  // namespace vantelgis

@@ -1,0 +1,51 @@
+#include "gis/dbf/writer.h"
+#include "gis/report.h"
+#include "gis/shp/bytes.h"
+#include "gis/shp/writer.h"
+#include "run/opener.h"
+#include "run/unit_writing.h"
+
+namespace vantelgis {
+
+namespace {
+
+// Puts the length of the file, in 16-bit words, and the box of all objects into a main header.
+void finishHeader(int unit, std::int32_t fileWords, const shpL_& shp) {
+    constexpr std::int64_t kLengthOffset = 24;
+    constexpr std::int64_t kBoxOffset = 36;
+    if (!flushUnit(unit)) gisStop("ERROR 0439 - Writing .shp file object coordinates.");
+    const auto length = bytesOf(fileWords, std::endian::big);
+    char box[32];
+    char* out = placeLittle(box, shp.xMin);
+    out = placeLittle(out, shp.yMin);
+    out = placeLittle(out, shp.xMax);
+    placeLittle(out, shp.yMax);
+    // One message serves for all headers.
+    if (!patchBytes(unit, kLengthOffset, {length.data(), length.size()}) ||
+        !patchBytes(unit, kBoxOffset, {box, sizeof box}))
+        gisStop("ERROR 0413 - Rewriting .dbf file header with final information.");
+}
+
+void finishSet(shpL_& shp, dbfL_& dbf) {
+    constexpr std::int32_t kHeaderWords = 50;
+    constexpr std::int32_t kShxRecordWords = 4;
+    if (dbf.dbfUnit > 0) dbfFinish(dbf);
+    if (shp.nObjects < 1) return;
+    if (shp.shpUnit > 0) {
+        finishHeader(shp.shpUnit, shp.fileLength, shp);
+        CLOSER(shp.shpUnit);
+        CLOSER(shp.shpUnitBE);
+    }
+    if (shp.shxUnitBE > 0) {
+        finishHeader(shp.shxUnitBE, shp.nObjects * kShxRecordWords + kHeaderWords, shp);
+        CLOSER(shp.shxUnitBE);
+    }
+}
+
+}  // namespace
+
+void shpFinishLayer(GisLayer& layer) {
+    for (std::size_t k = 0; k < kFamilies; ++k) finishSet(layer.shp[k], layer.dbf[k]);
+}
+
+}  // namespace vantelgis

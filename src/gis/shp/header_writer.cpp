@@ -1,0 +1,73 @@
+#include <cstddef>
+
+#include "gis/dbf/writer.h"
+#include "gis/report.h"
+#include "gis/shp/bytes.h"
+#include "gis/shp/writer.h"
+#include "run/opener.h"
+#include "run/unit_writing.h"
+
+namespace vantelgis {
+
+namespace {
+
+constexpr std::int32_t kHeaderWords = 50;
+
+[[noreturn]] void stopAboutHeader() {
+    gisStop("ERROR 0437 - Writing .shp file header.");
+}
+
+void writeProjection(shpL_& shp) {
+    if (shp.prjUnit <= 0) return;
+    putLine(shp.prjUnit, gisShpProjCS);
+    if (!flushUnit(shp.prjUnit)) stopAboutHeader();
+    CLOSER(shp.prjUnit);
+}
+
+// The smallest box there is: any object widens it. Its numbers are those of 32-bit floats.
+void startBox(shpL_& shp) {
+    constexpr float kFar = 9.0E29F;
+    shp.xMin = shp.yMin = double{kFar};
+    shp.xMax = shp.yMax = -double{kFar};
+}
+
+}  // namespace
+
+void shpWriteHeader(shpL_& shp, int unit, int twin) {
+    constexpr std::size_t kHeaderBytes = 100;
+    if (unit <= 0 || twin <= 0) stopShouldNotBeHere("shpnotopen");
+    if (!emptyUnit(unit)) stopAboutHeader();
+    shp.fileCode = 9994;
+    shp.fileLength = kHeaderWords;
+    shp.version = 1000;
+    char* out = reserve(unit, kHeaderBytes);
+    out = placeBig(out, shp.fileCode);
+    out = placeZeros(out, 20);
+    out = placeBig(out, shp.fileLength);
+    out = placeLittle(out, shp.version);
+    out = placeLittle(out, shp.shapeType);
+    out = placeLittle(out, shp.xMin);
+    out = placeLittle(out, shp.yMin);
+    out = placeLittle(out, shp.xMax);
+    out = placeLittle(out, shp.yMax);
+    out = placeZeros(out, 32);  // the ranges of Z and M
+    commit(unit, out);
+    if (!flushUnit(unit)) stopAboutHeader();
+}
+
+void shpWriteLayerHeaders(GisLayer& layer) {
+    for (std::size_t k = 0; k < kFamilies; ++k) {
+        shpL_& shp = layer.shp[k];
+        if (shp.shpUnit <= 0) continue;
+        writeProjection(shp);
+        shpWriteHeader(shp, shp.shpUnit, shp.shpUnitBE);
+        shpWriteHeader(shp, shp.shxUnitBE, shp.shxUnit);
+        CLOSER(shp.shxUnit);
+        shp.offset = kHeaderWords;
+        startBox(shp);
+        dbfWriteHeader(gisA_, layer.dbf[k]);
+        layer.dbf[k].recordNo = 0;
+    }
+}
+
+}  // namespace vantelgis
