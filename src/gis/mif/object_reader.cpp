@@ -3,6 +3,7 @@
 
 #include "gis/mif/reader.h"
 #include "gis/report.h"
+#include "gis/rings.h"
 #include "run/unit_reading.h"
 #include "text/characters.h"
 #include "text/free_format.h"
@@ -137,15 +138,6 @@ void readSection(int mifUnit, std::string_view countText, ObjectNodes& nodes) {
     nodes.n = takeNodeCount(countText, nodes.n);
     gisMifCheckNodes(nodes.n, nodes.maxNodes);
     for (std::size_t i = 0; i < static_cast<std::size_t>(nodes.n); ++i) readNode(mifUnit, nodes, i);
-}
-
-// Behind each polygon stands one more node, a copy of its second vertex.
-void repeatSecondVertex(ObjectNodes& nodes, std::size_t first, std::size_t vertices) {
-    const std::size_t last = first + vertices;
-    std::size_t source = first + 1;
-    if (vertices < 2) source = last == 0 ? 0 : last - 1;
-    nodes.x[last] = nodes.x[source];
-    nodes.y[last] = nodes.y[source];
 }
 
 void readPolygon(int mifUnit, TextRef rest, ObjectNodes& nodes) {
