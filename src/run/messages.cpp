@@ -3,9 +3,12 @@
 #include <cstddef>
 #include <string_view>
 
+#include "run/boxes.h"
 #include "run/console.h"
+#include "run/opener_settings.h"
 #include "run/unit_writing.h"
 #include "text/free_format.h"
+#include "text/joined.h"
 
 namespace vantelgis {
 
@@ -83,6 +86,14 @@ void DLINE(int unit) {
 }
 
 void DPAUSE() {
+    if (openerSettings.boxMode) {
+        const OpenerSettings& host = openerSettings;
+        showBoxUntilOk(
+            BoxForm::pause,
+            Joined<256>(host.boxTitle, " Simulation ", host.boxVersion,
+                        " paused\r\rRefer to Simulation Window\r\rPress OK to Continue"));
+        return;
+    }
     consoleLine();
     consolePause("Press Enter to Continue");
 }

@@ -1,36 +1,26 @@
 #include "run/opener.h"
 
-#include "run/console.h"
+#include "run/copy_mode.h"
 #include "run/open_modes.h"
+#include "run/opener_dialogues.h"
+#include "run/opener_settings.h"
 #include "run/stop.h"
 #include "run/units.h"
-#include "text/number_field.h"
 #include "text/paths.h"
-#include "text/strings.h"
 
 namespace vantelgis {
 
 namespace {
 
-constexpr int kUnitColumns = 4;
-constexpr std::size_t kAnswerLength = 80;
-
-void unitLine(std::string_view text, int unit) {
-    char columns[kUnitColumns];
-    integerField(columns, unit, kUnitColumns);
-    consoleLine(text, std::string_view(columns, kUnitColumns));
-}
-
 // What one attempt at a name leads to.
-enum class Next { askForName, openInput, openOutput, finished };
+enum class Next { askForName, openInput, openOutput };
 
-// One call of OPENER: the arguments, and what was found out about the file.
+// One call of OPENER: its arguments, and what was found out about the file.
 struct Opening {
     int& unit;
     TextRef name;
     std::string_view modeCode;
-    std::string_view label;
-    const OpenMode* mode = nullptr;
+    const OpenMode* mode;  // null for an unknown code
     bool existed = false;  // at the last attempt
 };
 
@@ -38,105 +28,89 @@ bool mayBeOpenTwice(std::string_view modeCode) {
     return modeCode.starts_with('A') || modeCode.starts_with('S');
 }
 
-// "close it?": true to go on with the file closed, false to ask for another name.
-bool closedOnRequest(const Opening& opening, int openUnit) {
-    consoleLine();
-    PUTTEXT(opening.name.data, static_cast<int>(*opening.name.length));
-    consoleText(" is already open, close it? ");
-    Text<1> answer;
-    if (!consoleReadLine(answer)) stopUnanswered();
-    if (!(answer == "Y" || answer == "y")) return false;
-    if (!closeUnderOwner(*findUnit(openUnit))) stopWithText("  Unable to close file.");
-    return true;
+bool isInput(const Opening& opening) {
+    return opening.mode != nullptr && opening.mode->input;
 }
 
-Next attempt(Opening& opening) {
-    Path cleaned;
-    CLEANPATH(cleaned, opening.name);
-    consoleText(" Trying to open file ", opening.name.view(), "...");
-    const bool input = opening.mode != nullptr && opening.mode->input;
-    opening.existed = input ? platform::inputExists(opening.name.view())
-                            : platform::fileExists(opening.name.view());
-    if (input) {
-        if (opening.existed) return Next::openInput;
-        consoleLine(" CHECK 0008 - \"", opening.name.view(), "\" cannot be found");
-        return Next::askForName;
-    }
+void replaceDrive(const Opening& opening) {
+    const char drive = isInput(opening) ? openerSettings.inputDrive : openerSettings.outputDrive;
+    if (drive != ' ' && *opening.name.length > 1 && opening.name.data[1] == ':')
+        opening.name.data[0] = drive;
+}
+
+Next attemptInput(Opening& opening) {
+    opening.existed = platform::inputExists(opening.name.view());
+    if (opening.existed) return Next::openInput;
+    openerLine(" CHECK 0008 - \"", opening.name.view(), "\" cannot be found");
+    return Next::askForName;
+}
+
+Next attemptOutput(Opening& opening) {
+    opening.existed = platform::fileExists(opening.name.view());
     platform::FileIdentity identity;
     const bool known = platform::identify(opening.name.view(), identity);
     const int openUnit = known ? unitOf(identity) : 0;
     if (openUnit == 0 || mayBeOpenTwice(opening.modeCode)) return Next::openOutput;
-    return closedOnRequest(opening, openUnit) ? Next::openOutput : Next::askForName;
+    if (!askToClose(opening.name.view())) return Next::askForName;
+    if (!closeUnderOwner(*findUnit(openUnit))) stopWithText("  Unable to close file.");
+    return Next::openOutput;
 }
 
-void askForName(Opening& opening) {
-    if (!opening.label.empty()) {
-        consoleText("What is the ", opening.label, " file name? ");
-    } else {
-        consoleText(" Check file exists and press enter or enter another file name: ");
-    }
-    Text<kAnswerLength> answer;
-    if (!consoleReadLine(answer)) stopUnanswered();
-    if (answer.blank()) {
-        consoleLine(" No file name entered.  Trying file again...");
-    } else {
-        opening.name.assign(withoutLeadingBlanks(answer));
-    }
+Next attempt(Opening& opening) {
+    if (*opening.name.length == 0) return Next::askForName;
+    Path cleaned;
+    CLEANPATH(cleaned, opening.name);
+    replaceDrive(opening);
+    openerText(" Trying to open file ", opening.name.view(), "...");
+    return isInput(opening) ? attemptInput(opening) : attemptOutput(opening);
 }
 
-bool openedAs(const Opening& opening, const OpenMode& mode) {
+bool openedByPlatform(const Opening& opening) {
+    Unit* const unit = findUnit(opening.unit);
+    if (unit == nullptr) return false;
+    const OpenMode& mode = *opening.mode;
     const auto handle = platform::openFile(opening.name.view(), mode.access, mode.sharing);
     if (handle == platform::kNoFile) return false;
-    Unit* const unit = findUnit(opening.unit);
-    if (unit == nullptr) {
-        static_cast<void>(platform::closeFile(handle));
-        return false;
-    }
     attachFile(*unit, handle, mode, opening.name.view());
     return true;
 }
 
 void openInput(const Opening& opening) {
-    if (!openedAs(opening, *opening.mode)) stopOpeningFile(opening.name.view());
-    unitLine("OK. Opened File Unit:", opening.unit);
+    if (!openedByPlatform(opening)) stopOpeningFile(opening.name.view());
+    openerUnitLine("OK. Opened File Unit:", opening.unit);
+    if (openerSettings.copyMode) copyInput(opening.name);
 }
 
 void openOutput(const Opening& opening) {
     if (opening.mode == nullptr) {
-        consoleLine("  Unrecognised file type ", opening.modeCode, " file ",
-                    opening.name.view().substr(0, kAnswerLength));
+        openerLine("  Unrecognised file type ", opening.modeCode, " file ",
+                   opening.name.view().substr(0, 80));
         return;
     }
     if (opening.modeCode == "IO") {
-        openedAs(opening, *opening.mode);
+        openedByPlatform(opening);
         return;
     }
-    while (!openedAs(opening, *opening.mode)) {
+    if (openerSettings.copyMode) redirectOutput(opening.name);
+    bool folderMade = false;
+    while (!openedByPlatform(opening)) {
         if (opening.modeCode == "A " && opening.existed) {
-            consoleLine("FAILED.  No File Unit allocated.");
+            openerLine("FAILED.  No File Unit allocated.");
             opening.unit = 0;
             return;
         }
-        consoleLine("Can't Open");
-        consoleLine("\n Can't open: ", opening.name.view(), "\n");
-        consoleLine(" Another application or user maybe using it,");
-        consoleLine("    or the file's folder does not exist.");
-        consoleLine(" If so, close the file or create file path.");
-        if (!consolePause("")) stopUnanswered();
+        waitForOutput(opening.name.view(), folderMade);
     }
-    unitLine("OK.  File Unit:", opening.unit);
+    if (opening.modeCode == "O " || opening.modeCode == "F ")
+        setBlockSize(opening.unit, openerSettings.blockSize);
+    openerUnitLine("OK.  File Unit:", opening.unit);
 }
 
 }  // namespace
 
 void FILEOPEN(int& unit, std::string_view mode, std::string_view name) {
     Path work{withoutLeadingBlanks(name)};
-    if (work.blank()) {
-        consoleLine(" Empty filename specified.  Bailing out.  Please contact ", SUPPORT_ADDRESS,
-                    ".");
-        consolePause("Press Enter to Close");
-        endRun();
-    }
+    if (work.blank()) stopForEmptyName();
     Unit* const slot = freeUnit();
     if (slot == nullptr) stopWithText("No free file numbers.");
     unit = slot->number;
@@ -145,12 +119,10 @@ void FILEOPEN(int& unit, std::string_view mode, std::string_view name) {
 }
 
 void OPENER(int& unit, TextRef name, std::string_view mode, std::string_view label) {
-    Opening opening{unit, name, mode, withoutTrailingBlanks(label), findOpenMode(mode)};
-    Next next = name.view().empty() ? Next::askForName : attempt(opening);
-    while (next == Next::askForName) {
-        askForName(opening);
-        next = name.view().empty() ? Next::askForName : attempt(opening);
-    }
+    Opening opening{unit, name, mode, findOpenMode(mode)};
+    Next next;
+    while ((next = attempt(opening)) == Next::askForName)
+        askForName(name, withoutTrailingBlanks(label));
     if (next == Next::openInput) {
         openInput(opening);
     } else {
@@ -167,7 +139,7 @@ void CLOSER(int& unit) {
     const bool written = closeFileOf(*slot);
     slot->used = false;
     if (!written && !ownerReports) stopWritingFile(name);
-    unitLine("...Closed File Unit:", unit);
+    openerUnitLine("...Closed File Unit:", unit);
     unit = 0;
 }
 

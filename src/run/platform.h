@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "text/text.h"
@@ -70,6 +71,16 @@ struct Date {
     int day;    ///< 1 to 31
 };
 [[nodiscard]] Date localDate();
+
+/// Shows a message box of a Windows box type in front of everything and gives the number of the
+/// button; nothing on a platform that has none. Lines of the text end in CR.
+[[nodiscard]] std::optional<int> messageBox(std::string_view caption, std::string_view text,
+                                            unsigned type);
+
+/// Makes a folder and the missing ones above it, or copies files; the source's name may end in
+/// ".*", the target is a folder. Gives -1 if it could not be started, else what its command gave.
+[[nodiscard]] int makeFolder(std::string_view folder);
+[[nodiscard]] int copyFiles(std::string_view source, std::string_view target);
 
 /// Ends the process at once with exit status 0.
 [[noreturn]] void exitProcess();

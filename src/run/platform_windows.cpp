@@ -122,6 +122,45 @@ void writeConsole(HANDLE console, std::string_view text) {
     }
 }
 
+// A command of cmd.exe, which neither shows a window nor asks nor tells anything.
+int runCommand(const std::wstring& command) {
+    wchar_t folder[MAX_PATH];
+    if (GetSystemDirectoryW(folder, MAX_PATH) == 0) return -1;
+    const std::wstring shell = std::wstring(folder) + LR"(\cmd.exe)";
+    std::wstring line = L"\"" + shell + L"\" /c " + command;
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    const HANDLE nowhere =
+        CreateFileW(L"NUL", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    &inherited, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESTDHANDLES;
+    start.hStdInput = start.hStdOutput = start.hStdError = nowhere;
+    PROCESS_INFORMATION child;
+    const BOOL started = CreateProcessW(shell.c_str(), line.data(), nullptr, nullptr, TRUE,
+                                        CREATE_NO_WINDOW, nullptr, nullptr, &start, &child);
+    CloseHandle(nowhere);
+    if (!started) return -1;
+    WaitForSingleObject(child.hProcess, INFINITE);
+    DWORD exitCode = 1;
+    GetExitCodeProcess(child.hProcess, &exitCode);
+    CloseHandle(child.hThread);
+    CloseHandle(child.hProcess);
+    return static_cast<int>(exitCode);
+}
+
+// A slash would begin a switch.
+std::wstring quotedName(std::string_view name) {
+    std::wstring wide = wideText(name);
+    std::replace(wide.begin(), wide.end(), L'/', L'\\');
+    return L"\"" + wide + L"\"";
+}
+
+// No file has a double quote in its name, and behind one the rest would be a command of its own.
+bool isQuotable(std::string_view name) {
+    return name.find('"') == std::string_view::npos;
+}
+
 }  // namespace
 
 FileHandle openFile(std::string_view name, Access access, Sharing sharing) {
@@ -215,6 +254,21 @@ Date localDate() {
     SYSTEMTIME now;
     GetLocalTime(&now);
     return {now.wYear, now.wMonth, now.wDay};
+}
+
+std::optional<int> messageBox(std::string_view caption, std::string_view text, unsigned type) {
+    return MessageBoxA(GetDesktopWindow(), std::string(text).c_str(), std::string(caption).c_str(),
+                       type);
+}
+
+int makeFolder(std::string_view folder) {
+    return isQuotable(folder) ? runCommand(L"mkdir " + quotedName(folder)) : 1;
+}
+
+int copyFiles(std::string_view source, std::string_view target) {
+    if (!isQuotable(source) || !isQuotable(target)) return 1;
+    SetEnvironmentVariableW(L"COPYCMD", L"/Y");  // replaces older copies without asking
+    return runCommand(L"copy " + quotedName(source) + L" " + quotedName(target));
 }
 
 void exitProcess() {

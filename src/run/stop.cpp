@@ -1,14 +1,24 @@
 #include "run/stop.h"
 
+#include "run/boxes.h"
 #include "run/console.h"
+#include "run/opener_settings.h"
 #include "run/units.h"
+#include "text/joined.h"
 
 namespace vantelgis {
 
 void EXITS() {
     closeAllUnits();
-    consoleLine();
-    consolePause("Press Enter to Close");
+    if (openerSettings.boxMode) {
+        const OpenerSettings& host = openerSettings;
+        showBoxUntilOk(BoxForm::exit,
+                       Joined<256>("Premature Exit of ", host.boxTitle, " Simulation ",
+                                   host.boxVersion, "\r\rPress OK to Close Simulation Window"));
+    } else {
+        consoleLine();
+        consolePause("Press Enter to Close");
+    }
     endRun();
 }
 

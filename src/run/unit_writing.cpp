@@ -19,7 +19,8 @@ bool flushFile(OpenFile& file) {
 
 OpenFile& makeRoom(int unit, std::size_t size) {
     OpenFile& file = fileOf(unit);
-    if (kBufferSize - file.end < size || file.handle == platform::kNoFile) {
+    if (kBufferSize - file.end < size || file.end >= file.blockSize ||
+        file.handle == platform::kNoFile) {
         if (!flushFile(file) && !file.ownerReports) stopWritingFile(file.name);
     }
     return file;

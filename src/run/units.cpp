@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "run/console.h"
+#include "run/opener_settings.h"
 #include "run/stop.h"
 #include "run/unit_writing.h"
 
@@ -30,7 +31,10 @@ std::unique_ptr<OpenFile> newOpenFile() {
 
 }  // namespace
 
+OpenerSettings openerSettings;
+
 void FILESINIT(int base) {
+    openerSettings = {};
     table.base = std::max(kLowestBase, base);
     for (int k = 0; k < kUnitCount; ++k) {
         Unit& unit = table.units[k];
@@ -73,8 +77,14 @@ void attachFile(Unit& unit, platform::FileHandle handle, const OpenMode& mode,
     if (!platform::identify(handle, file.identity)) file.identity = {};
     file.name = name;
     file.begin = file.end = 0;
+    file.blockSize = kBufferSize;
     file.bufferStart = file.lineStart = 0;
     file.ended = file.failed = file.ownerReports = false;
+}
+
+void setBlockSize(int unit, int blockSize) {
+    if (blockSize > 0)
+        fileOf(unit).blockSize = std::min(static_cast<std::size_t>(blockSize), kBufferSize);
 }
 
 bool closeFileOf(Unit& unit) {

@@ -23,11 +23,12 @@ struct OpenFile {
     Path name;  ///< as it was opened
     std::size_t begin = 0;
     std::size_t end = 0;
-    std::int64_t bufferStart = 0;  ///< file position of the buffer's first byte
-    std::int64_t lineStart = 0;    ///< file position of the line read last
-    bool ended = false;            ///< the system has no further byte, or a read failed
-    bool failed = false;           ///< a write, or a read, was refused
-    bool ownerReports = false;     ///< its owner has a message of its own for a failed write
+    std::int64_t bufferStart = 0;         ///< file position of the buffer's first byte
+    std::int64_t lineStart = 0;           ///< file position of the line read last
+    bool ended = false;                   ///< the system has no further byte, or a read failed
+    bool failed = false;                  ///< a write, or a read, was refused
+    std::size_t blockSize = kBufferSize;  ///< bytes that are handed over together
+    bool ownerReports = false;            ///< its owner has a message of its own for a failed write
     char buffer[kBufferSize];
 };
 
@@ -59,6 +60,10 @@ int unitOf(const platform::FileIdentity& identity);
 /// Ties an opened file to a unit.
 void attachFile(Unit& unit, platform::FileHandle handle, const OpenMode& mode,
                 std::string_view name);
+
+/// Has the bytes written to a unit handed over in blocks of this size; not above 0: as they best
+/// are.
+void setBlockSize(int unit, int blockSize);
 
 /// Writes out and closes a unit's file, if it has one, without a line on the console. False when
 /// not everything could be written.

@@ -1,0 +1,90 @@
+#include "run/copy_mode.h"
+
+#include "run/console.h"
+#include "run/opener_settings.h"
+#include "run/platform.h"
+#include "run/stop.h"
+#include "text/paths.h"
+
+namespace vantelgis {
+
+namespace {
+
+constexpr int kNotStarted = -1;
+constexpr std::string_view kAdvice = "             Check permissions and/or sufficient disk space.";
+
+// Where the files of a folder go in the copy tree; the place is made.
+Path makePlaceFor(std::string_view folder) {
+    Path behindRoot{folder};
+    DRIVEFOLDER(behindRoot);
+    Path target = openerSettings.copyRoot;
+    target += behindRoot;
+    if (platform::makeFolder(target) == kNotStarted) {
+        consoleLine(
+            "ERROR 0005 - Could not make the folder below while making a copy of the input files.");
+        consoleLine(kAdvice);
+        consoleLine("\"", target, "\"");
+        EXITS();
+    }
+    return target;
+}
+
+Path folderOf(std::string_view name) {
+    Path folder;
+    FILEFOLDERPATH(folder, name);
+    return folder;
+}
+
+void rememberCopy(std::string_view target, std::string_view name) {
+    Path fileName;
+    FILENAMEEXT(fileName, name);
+    ADDFOLDER(openerSettings.copyLast, target, fileName);
+}
+
+// A file whose extension begins with .xf is one of a group in a folder of its own: the group's
+// common files lie one folder up.
+bool isGroupFile(std::string_view name) {
+    Text<16> extension;
+    FILEEXT(extension, name);
+    return extension.view().starts_with(".xf");
+}
+
+int copyAllOfBaseName(TextRef name, Path& target) {
+    Path folder = folderOf(name.view());
+    Path baseName;
+    FILENAME(baseName, name.view());
+    if (isGroupFile(name.view())) {
+        static_cast<void>(platform::copyFiles(name.view(), target));
+        name.assign(baseName);
+        folder += "..\\";
+        target = makePlaceFor(folder);
+    }
+    Path source = folder;
+    source += baseName;
+    source += ".*";
+    return platform::copyFiles(source, target);
+}
+
+}  // namespace
+
+void copyInput(TextRef name) {
+    Path target = makePlaceFor(folderOf(name.view()));
+    const int result = openerSettings.copyExact ? platform::copyFiles(name.view(), target)
+                                                : copyAllOfBaseName(name, target);
+    if (result == kNotStarted) {
+        consoleLine(
+            "ERROR 0006 - Could not copy the file below while making a copy of the input files.");
+        consoleLine(kAdvice);
+        consoleLine("\"", name.view(), "\" \"", target, "\"");
+        EXITS();
+    }
+    rememberCopy(target, name.view());
+}
+
+void redirectOutput(TextRef name) {
+    const Path target = makePlaceFor(folderOf(name.view()));
+    rememberCopy(target, name.view());
+    name.assign(openerSettings.copyLast);
+}
+
+}  // namespace vantelgis

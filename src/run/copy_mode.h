@@ -1,0 +1,18 @@
+#pragma once
+
+#include "text/text.h"
+
+namespace vantelgis {
+
+// The copy tree that a host can have made of a run: with copyMode on, every input is copied below
+// copyRoot and every output goes there.
+
+/// Copies the input `name` that was just opened, with all files of its base name unless copyExact
+/// is set, and sets copyLast. A copy that can't be made stops the run.
+void copyInput(TextRef name);
+
+/// Turns the name of an output into its place in the copy tree, whose folder is made, and sets
+/// copyLast.
+void redirectOutput(TextRef name);
+
+}  // namespace vantelgis

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <algorithm>
+#include <concepts>
+#include <cstddef>
+#include <cstring>
+#include <string_view>
+
+#include "text/number_field.h"
+
+namespace vantelgis {
+
+/// Texts and integers one behind the other, blanks and all, cut at N characters.
+template <std::size_t N>
+class Joined {
+  public:
+    template <typename... Parts>
+    explicit Joined(const Parts&... parts) {
+        (add(parts), ...);
+    }
+    operator std::string_view() const { return {buffer_, length_}; }
+
+  private:
+    void add(std::string_view text) {
+        const std::size_t n = std::min(text.size(), N - length_);
+        std::memcpy(buffer_ + length_, text.data(), n);
+        length_ += n;
+    }
+    void add(std::integral auto value) { add(std::string_view(IntegerText(value))); }
+
+    char buffer_[N];
+    std::size_t length_ = 0;
+};
+
+}  // namespace vantelgis
