@@ -1,0 +1,224 @@
+#include "archive/scanner.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "archive/vertices.h"
+#include "gis/records.h"
+#include "run/opener.h"
+#include "support/in_process_run.h"
+
+namespace vantelgis {
+namespace {
+
+using support::runInProcess;
+using support::RunResult;
+using support::WorkFolder;
+using support::writeFile;
+
+// Reads objects as a conversion does. Each gives "type,flags,name" and its vertices or what else
+// came of it, such as "3d,3,A: 1 2 3; 4 5 6\n".
+class Objects {
+  public:
+    RunResult read(const std::string& text, bool nullKeyword = false, bool hexFloats = false) {
+        const WorkFolder folder;
+        writeFile("a.12da", text);
+        told_.str("");
+        return runInProcess([&] {
+            Archive archive;
+            archive.nullKeyword = nullKeyword;
+            archive.hexFloats = hexFloats;
+            FILEOPEN(archive.unit, "I ", "a.12da");
+            std::string_view line;
+            while (d12NextObject(archive.unit, line, object_)) tell(archive, line);
+        });
+    }
+    [[nodiscard]] std::string told() const { return told_.str(); }
+
+  private:
+    void tell(const Archive& archive, std::string_view line) {
+        const D12Object& o = object_;
+        told_ << o.typeText.view() << ',' << (o.isSuper ? "s" : "") << (o.isPolyline ? "p" : "")
+              << (o.data2d ? "2" : "") << (o.data3d ? "3" : "") << (o.hipData ? "h" : "") << ','
+              << o.name.view() << ':';
+        std::int32_t count = 0;
+        if (!o.data2d && !o.data3d && !o.hipData) {
+            told_ << " ignored";
+            d12PassOver(archive.unit, line, object_);
+        } else if (!d12ReadVertices(archive, object_, z_, 4, count)) {
+            told_ << " no data";
+        }
+        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
+            told_ << (i > 0 ? "; " : " ") << gisX[i] << ' ' << gisY[i] << ' ' << z_[i];
+        told_ << '\n';
+    }
+
+    D12Object object_;
+    std::vector<float> z_;
+    std::ostringstream told_;
+};
+
+struct Case {
+    std::string text;
+    std::string expected;
+};
+
+void expectObjects(const std::vector<Case>& cases, bool nullKeyword = false, bool hex = false) {
+    for (const Case& c : cases) {
+        Objects objects;
+        const RunResult run = objects.read(c.text, nullKeyword, hex);
+        EXPECT_EQ(objects.told(), c.expected) << c.text;
+        EXPECT_FALSE(run.ended) << c.text << run.console;
+    }
+}
+
+TEST(Scanner, TakesStringsByTheirWords) {
+    expectObjects({
+        {"string 2d {\nname \"XS 1\"\nz 12.5\ndata {\n1 2\n3 4\n}\n}\n",
+         "2d,2,XS 1: 1 2 12.5; 3 4 12.5\n"},
+        {"  STRING 3D {  // comment\n// name N\n\nDATA {\n 1 2 3\n}\n", "3D,3,: 1 2 3\n"},
+        {"string 3d\n{\nstring\ndata {\n1 2 3\n}\n", ""},
+        {"my string face {\ndata {\n}\n", "ng face,3,:\n"},
+        {"string 2d{\ndata {\n1 2\n}\n", "2,2,: 1 2 -99999\n"},
+        {"string{ 4d\ndata {\n1 2 3\n}\n", ",3,: 1 2 3\n"},
+        {"string drainage data {\n1 2 3\n}\n", "drainage data,3,: 1 2 3\n"},
+        {"string abcdefghijklmnopqrst uvw {\ndata {\n}\n", "abcdefghijklmnopqrst,,: ignored\n"},
+        // A pipeline holds the word pipe, so it has three numbers, as the wider form wins.
+        {"string pipeline {\nz 5\ndata {\n1 2 3\n}\n", "pipeline,23,: 1 2 3\n"},
+        {"string alignment {\nz 5\ndata {\n1 2 3\n}\n", "alignment,2,: 1 2 5\n"},
+        {"string text {\ndata {\n1 2\n}\n}\nstring 3d {\ndata {\n1 2 3\n}\n",
+         "text,,: ignored\n3d,3,: 1 2 3\n"},
+        {"string super {\ndata_2d", "super,s2,: no data\n"},
+        {"string super {\ncolour", "super,s,: ignored\n"},
+    });
+}
+
+TEST(Scanner, ReadsNamesInFreeFormat) {
+    const std::string data = "\ndata {\n}\n}\n";
+    std::string text;
+    for (const char* line : {"// none", "name \"A B\"", "style 1", "name A B", "NAMED B", "name /C",
+                             "name ,D", "name \"E//F\"", "name G/H", "name \"\""})
+        text += "string 3d {\n" + (line + data);
+    expectObjects({{text,
+                    "3d,3,:\n3d,3,A B:\n3d,3,A B:\n3d,3,A:\n3d,3,D:\n3d,3,D:\n3d,3,D:\n3d,3,E:\n"
+                    "3d,3,G:\n3d,3,:\n"}});
+}
+
+TEST(Scanner, ClosesPolylines) {
+    const auto polyline = [](const std::string& closed) {
+        return "string 3d polyline {\n" + closed + "\ndata {\n1 2 3\n4 5 6\n}\n";
+    };
+    const std::string open = "3d polyline,p3,: 1 2 3; 4 5 6\n";
+    const std::string closed = "3d polyline,p3,: 1 2 3; 4 5 6; 1 2 3\n";
+    expectObjects({
+        {polyline(""), closed},
+        {polyline("closed 1"), closed},
+        {polyline("CLOSED   true"), closed},
+        {polyline("closedYes"), closed},
+        {polyline("closed 0\nclosed yes"), closed},
+        {polyline("closed 0"), open},
+        {polyline("closed"), open},
+        {polyline("closed \"true\""), open},
+        {"string 3d {\nclosed 1\ndata {\n1 2 3\n}\n", "3d,3,: 1 2 3\n"},
+        {"string polyline {\ndata {\n}\n", "polyline,p3,: 0 0 -99999\n"},
+        {"string polyline {\ndata {\n1 2 3\n}\nstring polyline {\ndata {\n}\n",
+         "polyline,p3,: 1 2 3; 1 2 3\npolyline,p3,: 0 0 -99999\n"},
+        {"string polyline {\ndata {\n1 2 3\n4 5 6\n7 8 9\n0 0 0\n}\n",
+         "polyline,p3,: 1 2 3; 4 5 6; 7 8 9; 0 0 0; 1 2 3\n"},
+    });
+}
+
+TEST(Scanner, TakesSuperStringsBlockByBlock) {
+    const std::string last = "}\nstring 3d {\ndata {\n7 8 9\n}\n";
+    const std::string lastTold = "3d,3,S: 7 8 9\n";
+    const std::string head = "string super {\nname S\nz 4\n";
+    expectObjects({
+        {head + "data_2d {\n1 2\n}\ndata_3d {\n1 2 3\n}\nhipdata {\n4 5 6\n}\n" + last,
+         "super,s2,S: 1 2 4\nsuper,s3,S: 1 2 3\nsuper,sh,S: 4 5 6\n" + lastTold},
+        {head + "data_2d {\n1 2\n}\ntext {\nnote {\n}\n}\nattribute 1\ndata_2d {\n3 4\n}\n" + last,
+         "super,s2,S: 1 2 4\nsuper,s2,S: 3 4 -99999\n" + lastTold},
+        // Both braces on a line count as the closing one, which ends the search for more blocks.
+        {head + "data_2d {\n1 2\n}\ntext { }\ndata_2d {\n3 4\n}\n" + last,
+         "super,s2,S: 1 2 4\n" + lastTold},
+        // A further block of unknown kind is passed over up to its first closing brace.
+        {head + "data_2d {\n1 2\n}\nuv_data {\n{\n3\n}\ndata_3d {\n4 5 6\n}\n" + last,
+         "super,s2,S: 1 2 4\nsuper,s,S: ignored\nsuper,s3,S: 4 5 6\n" + lastTold},
+        {head + "data_2d {\n1 2\n}\nuv_data { }\ndata_3d {\n4 5 6\n}\n" + last,
+         "super,s2,S: 1 2 4\nsuper,s,S: ignored\nsuper,s3,S: 4 5 6\n" + lastTold},
+        {head + "data_2d {\n1 2\n}\nuv_data {\n3\n", "super,s2,S: 1 2 4\nsuper,s,S: ignored\n"},
+        // A first block of unknown kind is left to the search for the next string.
+        {head + "uv_data {\n3\n}\ndata_3d {\n4 5 6\n}\n" + last, "super,s,S: ignored\n" + lastTold},
+        {head + "data_2d {\n1 2\n", "super,s2,S:\n"},
+    });
+}
+
+TEST(Scanner, ReadsVertexLines) {
+    const auto block = [](const std::string& lines) {
+        return "string 3d {\ndata {\n" + lines + "}\n";
+    };
+    const std::string blanks(60, ' ');
+    expectObjects({
+        {block("1 2 3 // 4\n  +1.5,-2,3d1\n\n // none\n1 2 3//}\n0x1.8p+1 .5 6. and more\n"),
+         "3d,3,: 1 2 3; 1.5 -2 30; 1 2 3; 3 0.5 6\n"},
+        {block("1 2 3 null\n1 2 3 /x\n1 2 3} text\n4 5 6\n"), "3d,3,: 1 2 3; 1 2 3\n"},
+        {block("1 2 3\n4 5 6 }\n7 8 9\n"), "3d,3,: 1 2 3\n"},
+        {block("1 2 /\n7 8 9\n") + block("/\n1,,2\n"),
+         "3d,3,: 1 2 -99999; 7 8 9\n3d,3,: 0 0 -99999; 1 8 2\n"},
+        {"string 2d {\ndata {\n1 2 3\n4 5 null\n6 7/\n8 9 }\n",
+         "2d,2,: 1 2 -99999; 4 5 -99999; 6 7 -99999\n"},
+        // The line with which the file ends is no vertex, whatever it holds.
+        {"string 3d {\ndata {\n1 2 3\n4 5 6\n", "3d,3,: 1 2 3\n"},
+        {"string 3d {\ndata {\n1 2 3\n4 5 6\n\n", "3d,3,: 1 2 3; 4 5 6\n"},
+        {"string 3d {\ndata {\n1 2 3\nword", "3d,3,: 1 2 3\n"},
+        {"string 3d {\ndata {\n1 2 3", "3d,3,:\n"},
+        {"string 3d {\ndata {\n// 1 2 3\n", "3d,3,: no data\n"},
+    });
+    expectObjects({{block("1 2 null\nNULL Null 3\n1 2 3 null\n1 2 Null // note\n"),
+                    "3d,3,: 1 2 -99999; -99999 -99999 3; 1 2 3; 1 2 -99999\n"}},
+                  true);
+    // With the number in the place of the word a line counts up to its 100th character.
+    expectObjects({{block("1 2" + blanks + std::string(31, ' ') + "null\n1 2" + blanks +
+                          std::string(32, ' ') + "null\n"),
+                    "3d,3,: 1 2 -99999; 1 2 -9999\n"}},
+                  true);
+    expectObjects({{block("1 2 null\n1 2" + blanks + std::string(15, ' ') + "null\n1 2" + blanks +
+                          std::string(19, ' ') + "null\n"),
+                    "3d,3,: 1 2 -99999; 1 2 -99999; 1 2 -1.52586\n"}},
+                  true, true);
+}
+
+TEST(Scanner, StopsAtWhatCannotBeRead) {
+    const std::string erroneous = "ERROR - Reading .12da file.  Erroneous line is:\n";
+    const std::string tooFew = "ERROR - Unexpected end of .12da file encountered.\n";
+    const std::string inHeader = "ERROR - Reading data (d12ObjectType)\n";
+    const std::vector<Case> cases = {
+        {"3d {\ndata {\n  1 two 3  // note\n}\n", erroneous + "1 two 3\n"},
+        {"3d {\ndata {\n1 2 nan\n}\n", erroneous + "1 2 nan\n"},
+        {"3d {\ndata {\n1 2 null\n}\n", erroneous + "1 2 null\n"},
+        {"2d {\ndata {\n1 null\n}\n", erroneous + "1 null\n"},
+        {"3d {\ndata {\n\t1 2 3\n}\n", erroneous + "\t1 2 3\n"},
+        {"3d {\ndata {\n1 2\n}\n", tooFew},
+        {"2d {\ndata {\n1 //2\n}\n", tooFew},
+        {"3d {\ndata {\n1 2" + std::string(10000, ' ') + "3\n}\n", tooFew},
+        {"3d {\nname\n}\n", inHeader + "name\n"},
+        {"3d {\n z one // note\n}\n", inHeader + "z one\n"},
+        {"3d {\nZone 1\n}\n", inHeader + "Zone 1\n"},
+        {"3d {\ndata {\n1 2 3\n1 2 3\n1 2 3\n1 2 3\nword\n}\n",
+         "ERROR - Exceeded number of allowable nodes in a single polyline or region.\n"
+         "        Requested       5        Limit       4\n"},
+    };
+    for (const Case& c : cases) {
+        Objects objects;
+        const RunResult run = objects.read("string " + c.text);
+        const std::string opened = "Opened File Unit:1001\n";
+        EXPECT_TRUE(run.ended) << c.text;
+        EXPECT_EQ(run.console.substr(run.console.find(opened) + opened.size()),
+                  "\n" + c.expected + "\nPress Enter to Close\n");
+    }
+}
+
+}  // namespace
+}  // namespace vantelgis
