@@ -1,0 +1,127 @@
+#include "run/unit_reading.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+#include <string>
+
+#include "run/opener.h"
+#include "support/in_process_run.h"
+
+namespace vantelgis {
+namespace {
+
+// Calls `body` with a unit whose file holds `bytes`.
+void withFile(std::string_view bytes, std::string_view mode, const std::function<void(int)>& body) {
+    const support::WorkFolder folder;
+    support::writeFile("in", bytes);
+    support::runInProcess([&] {
+        int unit = 0;
+        FILEOPEN(unit, mode, "in");
+        body(unit);
+    });
+}
+
+// The next line, shortened to its size and last character when it is a long one.
+std::string nextLine(int unit) {
+    std::string_view line;
+    const ReadResult result = readLine(unit, line);
+    if (result != ReadResult::ok) return result == ReadResult::end ? "END" : "FAILED";
+    if (line.size() < 100) return std::string(line);
+    return std::to_string(line.size()) + line.back();
+}
+
+TEST(UnitReading, LineEnds) {
+    withFile("a\n\r\nb\rc\r\r\n\nlast\r", "I ", [](int unit) {
+        for (const std::string_view line : {"a", "", "b\rc\r", "", "last"}) {
+            EXPECT_FALSE(atEnd(unit));
+            EXPECT_EQ(nextLine(unit), line);
+        }
+        EXPECT_TRUE(atEnd(unit));
+        EXPECT_EQ(nextLine(unit), "END");
+        EXPECT_TRUE(atEnd(unit));
+    });
+    withFile("", "I ", [](int unit) { EXPECT_TRUE(atEnd(unit)); });
+}
+
+// The border of the buffer falls on every place around a line's end.
+TEST(UnitReading, LineEndsAtTheBorderOfTheBuffer) {
+    for (std::size_t before = kBufferSize - 4; before <= kBufferSize + 2; ++before) {
+        std::string bytes;
+        while (bytes.size() + 64 < before) bytes += std::string(63, 'x') + '\n';
+        const std::string line(before - bytes.size(), 'y');
+        bytes += line + "\r\nnext\r\n";
+        withFile(bytes, "I ", [&](int unit) {
+            std::string found;
+            while ((found = nextLine(unit)).starts_with('x')) continue;
+            EXPECT_EQ(found, line) << before;
+            EXPECT_EQ(nextLine(unit), "next") << before;
+            backspaceUnit(unit);
+            EXPECT_EQ(nextLine(unit), "next") << before;
+            EXPECT_TRUE(atEnd(unit)) << before;
+        });
+    }
+}
+
+// A line of any length stays one line; its first 100,000 characters are kept.
+TEST(UnitReading, LongLines) {
+    for (const std::size_t size :
+         {kLongestLine - 1, kLongestLine, kLongestLine + 1, kBufferSize - 1, kBufferSize,
+          kBufferSize + 1, 3 * kBufferSize}) {
+        const std::size_t kept = std::min(size, kLongestLine);
+        const std::string expected = std::to_string(kept) + (kept == size ? 'z' : 'y');
+        const std::string line = std::string(size - 1, 'y') + 'z';
+        withFile(line + "\r\nnext\n" + line, "I ", [&](int unit) {
+            EXPECT_FALSE(atEnd(unit));  // fills the buffer before the line is read
+            EXPECT_EQ(nextLine(unit), expected) << size;
+            EXPECT_EQ(nextLine(unit), "next") << size;
+            backspaceUnit(unit);
+            EXPECT_EQ(nextLine(unit), "next") << size;
+            EXPECT_EQ(nextLine(unit), expected) << size;
+            EXPECT_TRUE(atEnd(unit)) << size;
+            backspaceUnit(unit);
+            EXPECT_EQ(nextLine(unit), expected) << size;
+            rewindUnit(unit);
+            EXPECT_EQ(nextLine(unit), expected) << size;
+            EXPECT_EQ(nextLine(unit), "next") << size;
+        });
+    }
+}
+
+TEST(UnitReading, Bytes) {
+    std::string bytes = std::string("\x01\x02\x03\x04", 4) + std::string(2 * kBufferSize, '.');
+    withFile(bytes + "abcdef", "BI", [&](int unit) {
+        std::int32_t value = 0;
+        EXPECT_EQ(readValue(unit, value), ReadResult::ok);
+        EXPECT_EQ(value, 0x04030201);
+        EXPECT_EQ(skipBytes(unit, 2 * kBufferSize), ReadResult::ok);
+        EXPECT_EQ(readSome(unit, 2), "ab");
+        EXPECT_EQ(skipBytes(unit, 1), ReadResult::ok);
+        EXPECT_EQ(readValue(unit, value), ReadResult::end);
+        EXPECT_TRUE(atEnd(unit));
+        EXPECT_EQ(readSome(unit, 1), "");
+        rewindUnit(unit);
+        EXPECT_EQ(skipBytes(unit, std::numeric_limits<std::int64_t>::max()), ReadResult::end);
+        EXPECT_TRUE(atEnd(unit));
+        rewindUnit(unit);
+        EXPECT_EQ(skipBytes(unit, static_cast<std::int64_t>(bytes.size()) + 6), ReadResult::ok);
+        EXPECT_TRUE(atEnd(unit));
+    });
+}
+
+TEST(UnitReading, PairsGoOnToTheNextLine) {
+    withFile("1\n\n 2 dropped\n3,4\n5,\n6x\n7", "I ", [](int unit) {
+        double x = 0;
+        double y = 0;
+        EXPECT_EQ(readPair(unit, x, y, 100), Item::value);
+        EXPECT_EQ(x + y, 3);
+        EXPECT_EQ(readPair(unit, x, y, 1), Item::value);  // each line by its first column
+        EXPECT_EQ(x - y, 3 - 5);
+        EXPECT_EQ(readPair(unit, x, y, 100), Item::bad);
+        EXPECT_EQ(readPair(unit, x, y, 100), Item::end);
+    });
+}
+
+}  // namespace
+}  // namespace vantelgis

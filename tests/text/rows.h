@@ -1,0 +1,20 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string_view>
+
+namespace vantelgis {
+
+/// Each row holds an input, " -> " and what `result` is to make of it.
+template <typename Result>
+void checkRows(Result result, std::initializer_list<std::string_view> rows) {
+    constexpr std::string_view kArrow = " -> ";
+    for (const std::string_view row : rows) {
+        const std::size_t at = row.find(kArrow);
+        EXPECT_EQ(result(row.substr(0, at)), row.substr(at + kArrow.size())) << row;
+    }
+}
+
+}  // namespace vantelgis
