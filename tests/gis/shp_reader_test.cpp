@@ -1,0 +1,205 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "gis/layers.h"
+#include "gis/operations.h"
+#include "run/console.h"
+#include "support/in_process_run.h"
+#include "support/shape_bytes.h"
+
+namespace vantelgis {
+namespace {
+
+using support::doubles;
+using support::integers;
+using support::runInProcess;
+using support::shpRecord;
+
+const std::string kBox(32, 'b');
+const std::string kPointAt12 = shpRecord(1, integers({1}) + doubles({1, 2}));
+
+std::string shape(std::int32_t type, std::initializer_list<std::int32_t> counts,
+                  std::initializer_list<double> points) {
+    return shpRecord(1, integers({type}) + kBox + integers(counts) + doubles(points));
+}
+
+// Writes a.shp of these records and a table with a row for each object, and opens the layer.
+int openLayer(const std::string& records, int rows = 9) {
+    support::writeFile("a.shp", support::shpHeader(0, 31, {0, 0, 0, 0}) + records);
+    std::string table = support::dbfHeader(rows, {{"N", 'N', 1}});
+    for (int row = 1; row <= rows; ++row) table += " " + std::to_string(row);
+    support::writeFile("a.dbf", table + '\x1a');
+    const int layer = gisOpenLayer("a.SHP", {}, "I ");
+    gisReadHeader(layer);
+    return layer;
+}
+
+class ShpReader : public testing::Test {
+  protected:
+    support::WorkFolder folder;
+    GisObject object;
+    ObjectNodes nodes{100};
+};
+
+TEST_F(ShpReader, GivesRingsWithTheirSecondVertexBehindEach) {
+    const std::string polygon =
+        shape(5, {2, 10, 0, 5}, {0, 0, 9, 1, 9, 9, 0, 9, 0, 0,  // the outer ring
+                                 2, 2, 2, 4, 4, 4, 4, 2, 2, 2});
+    runInProcess([&] {
+        const int layer = openLayer(polygon);
+        ASSERT_TRUE(gisObjectType(layer, object));
+        EXPECT_TRUE(object.region);
+        EXPECT_EQ(object.nr, 2);
+        gisReadObject(layer, object, nodes);
+    });
+    ASSERT_EQ(nodes.n, 12);
+    EXPECT_EQ(object.ir[0], 5);
+    EXPECT_EQ(object.ir[1], 11);
+    const std::vector<double> x{0, 9, 9, 0, 0, 9, 2, 2, 4, 4, 2, 2};
+    const std::vector<double> y{0, 1, 9, 9, 0, 1, 2, 4, 4, 2, 2, 4};
+    EXPECT_TRUE(std::equal(x.begin(), x.end(), nodes.x.begin()));
+    EXPECT_TRUE(std::equal(y.begin(), y.end(), nodes.y.begin()));
+}
+
+TEST_F(ShpReader, RepeatsWhatThereIsOfShortRingsAndStoresNothingBeyondTheLimit) {
+    // Rings of two, one and no vertices: 3 points and 3 rings are exactly the six nodes allowed.
+    ObjectNodes six{6};
+    runInProcess([&] {
+        const int layer = openLayer(shape(5, {3, 3, 0, 2, 3}, {1, 1, 2, 2, 3, 3}));
+        ASSERT_TRUE(gisObjectType(layer, object));
+        gisReadObject(layer, object, six);
+    });
+    ASSERT_EQ(six.n, 6);
+    EXPECT_EQ(six.x, (std::vector<double>{1, 2, 2, 3, 3, 3}));
+}
+
+TEST_F(ShpReader, PassesOverWhatNobodyReads) {
+    // Of each kind one object that is not read at all, or only in part, in front of a point.
+    const struct {
+        std::string record;
+        int reads;
+    } unread[] = {
+        {shape(3, {3, 5, 0, 2, 2}, {1, 1, 2, 2, 3, 3, 4, 4, 5, 5}), 0},
+        {shape(3, {3, 5, 0, 2, 2}, {1, 1, 2, 2, 3, 3, 4, 4, 5, 5}), 2},  // the second part is empty
+        {shape(3, {0, 2}, {1, 1, 2, 2}), 0},
+        {shape(5, {2, 3, 0, 1}, {1, 1, 2, 2, 3, 3}), 0},
+        {shape(5, {0, 2}, {1, 1, 2, 2}), 0},
+        {shape(5, {-3, 2}, {1, 1, 2, 2}), 1},
+        {shape(8, {3}, {1, 1, 2, 2, 3, 3}), 0},
+        {shape(8, {3}, {1, 1, 2, 2, 3, 3}), 1},
+        {shpRecord(1, integers({0})), 1},
+        {kPointAt12, 0},
+    };
+    for (const auto& row : unread) {
+        bool point = false;
+        runInProcess([&] {
+            const int layer = openLayer(row.record + kPointAt12);
+            ASSERT_TRUE(gisObjectType(layer, object));
+            for (int read = 0; read < row.reads; ++read) gisReadObject(layer, object, nodes);
+            point = gisObjectType(layer, object) && object.point;
+            if (point) gisReadObject(layer, object, nodes);
+            EXPECT_TRUE(gisAtEnd(layer));
+            EXPECT_FALSE(gisObjectType(layer, object));
+        });
+        ASSERT_TRUE(point) << row.record;
+        EXPECT_EQ(nodes.xc, 1.0);
+        EXPECT_EQ(nodes.yc, 2.0);
+    }
+}
+
+TEST_F(ShpReader, TellsWhatIsWrongWithARecord) {
+    const std::string noTable(40000, '\0');
+    const struct {
+        std::string records;
+        std::string_view message;
+    } rows[] = {
+        {"\1", "ERROR 0425 - End of .shp file encountered whilst reading object type.\n"},
+        {kPointAt12.substr(0, 11), "ERROR 0425"},
+        {kPointAt12.substr(0, 27),
+         "ERROR 0430 - End of .shp file encountered whilst reading object "
+         "coordinates.\n"},
+        {shpRecord(1, integers({15})), "ERROR 0423 - Unsupported .shp object type PolygonZ [15]\n"},
+        {shpRecord(1, integers({-4})), "ERROR 0423 - Unsupported .shp object type Unknown [-4]\n"},
+        {shape(3, {-1, 2}, {1, 1, 2, 2}), "ERROR 0424 - Reading .shp file object type.\n"},
+        {shape(3, {1, -1, 0}, {}), "ERROR 0424"},
+        {shape(3, {2, 2, 0, 3}, {1, 1, 2, 2}), "ERROR 0424"},
+        {shape(3, {1, 2, 1}, {1, 1, 2, 2}), "ERROR 0424"},
+        {shape(3, {3, 4, 0, 2, 1}, {}), "ERROR 0424"},
+        {shape(3, {1, 0x7fffffff, 0}, {1, 1}), "Requested********        Limit     100\n"},
+        {shape(3, {9999, 0}, {}) + noTable, "read"},
+        {shape(3, {10000, 0}, {}) + noTable,
+         "ERROR 0421 - Exceeded maximum number of parts in a .shp polyline.  Limit is 10000\n"},
+        {shape(5, {9999, 0}, {}) + noTable, "Requested    9999        Limit     100\n"},
+        {shape(5, {10000, 0}, {}) + noTable,
+         "ERROR 0422 - Exceeded maximum number of regions within a .shp region.  Limit is 10000\n"},
+        {shape(5, {1, -1, 0}, {}), "ERROR 0429 - Reading .shp file object coordinates.\n"},
+        {shape(5, {2, 2, 0, 3}, {1, 1, 2, 2}), "ERROR 0429"},
+        {shape(5, {1}, {}), "ERROR 0430"},
+        {shape(8, {-1}, {}), "ERROR 0424"},
+    };
+    for (const auto& row : rows) {
+        const auto run = runInProcess([&] {
+            const int layer = openLayer(row.records);
+            gisObjectType(layer, object);
+            gisReadObject(layer, object, nodes);
+            consoleLine("read");
+        });
+        EXPECT_NE(run.console.find(row.message), std::string::npos) << run.console;
+    }
+}
+
+TEST_F(ShpReader, CutsOffAnUnreadRecordAtTheEndOfTheFile) {
+    for (const std::string& record :
+         {shape(3, {1, 2, 0}, {1, 1, 2}), shape(5, {1, 2, 0}, {1, 1}), shape(8, {2}, {})}) {
+        const auto run = runInProcess([&] {
+            const int layer = openLayer(record);
+            EXPECT_TRUE(gisObjectType(layer, object));
+            gisObjectType(layer, object);
+        });
+        EXPECT_NE(run.console.find("ERROR 0425"), std::string::npos) << run.console;
+    }
+}
+
+TEST_F(ShpReader, ReadsPointsThatReachOverTheBuffersEnd) {
+    constexpr std::int32_t kCount = 40'000;  // 640,000 bytes; the buffer holds 262,144
+    std::string points;
+    for (std::int32_t i = 0; i < kCount; ++i) points += doubles({i + 0.25, -i - 0.5});
+    ObjectNodes many{kCount};
+    runInProcess([&] {
+        const int layer = openLayer(shape(3, {1, kCount, 0}, {}) + points);
+        ASSERT_TRUE(gisObjectType(layer, object));
+        gisReadObject(layer, object, many);
+    });
+    ASSERT_EQ(many.n, kCount);
+    for (std::size_t i = 0; i < many.x.size(); ++i) {
+        ASSERT_EQ(many.x[i], static_cast<double>(i) + 0.25);
+        ASSERT_EQ(many.y[i], -static_cast<double>(i) - 0.5);
+    }
+}
+
+TEST_F(ShpReader, CountsPositionsIn64Bits) {
+    // A point behind a multipoint of 34 GB, most of which is a hole in the file.
+    constexpr std::int32_t kCount = 0x7fffffff;
+    const std::string multiPoint = shape(8, {kCount}, {});
+    runInProcess([&] {
+        const int layer = openLayer(multiPoint);
+        const std::int64_t end = 100 + std::ssize(multiPoint) + std::int64_t{16} * kCount;
+        std::filesystem::resize_file("a.shp", static_cast<std::uintmax_t>(end));
+        std::ofstream("a.shp", std::ios::binary | std::ios::app) << kPointAt12;
+        ASSERT_TRUE(gisObjectType(layer, object));
+        ASSERT_TRUE(gisObjectType(layer, object));
+        EXPECT_TRUE(object.point);
+        gisReadObject(layer, object, nodes);
+        EXPECT_TRUE(gisAtEnd(layer));
+    });
+    EXPECT_EQ(nodes.xc, 1.0);
+}
+
+}  // namespace
+}  // namespace vantelgis
