@@ -9,27 +9,12 @@
 #include <stdexcept>
 #include <vector>
 
-#include "archive/conversions.h"
 #include "driver/program.h"
-#include "gis/layers.h"
-#include "gis/records.h"
 #include "run/console.h"
-#include "run/messages.h"
-#include "run/stop.h"
 #include "run/units.h"
+#include "support/fresh_start.h"
 
 namespace vantelgis {
-
-namespace {
-
-struct ProcessEnd {};
-
-}  // namespace
-
-// Stands in for the routine of that name in the program.
-void endProcess() {
-    throw ProcessEnd{};
-}
 
 namespace support {
 
@@ -84,18 +69,6 @@ class Redirection {
     int original_;
 };
 
-void resetState() {
-    FILESINIT(1000);
-    DMESSAGECLEAR();
-    DMESSAGERESETCOUNTERS();
-    gisInitialise(-1, {}, {}, {});
-    gisMifCoordSys.clear();
-    gisShpProjCS.clear();
-    gisO_.clear();
-    includeHip = false;
-    consoleReset();
-}
-
 }  // namespace
 
 RunResult runInProcess(const std::function<void()>& body, std::string_view typed) {
@@ -107,7 +80,7 @@ RunResult runInProcess(const std::function<void()>& body, std::string_view typed
     {
         const Redirection out{STDOUT_FILENO, output};
         const Redirection in{STDIN_FILENO, input};
-        resetState();
+        freshStart();
         try {
             body();
         } catch (const ProcessEnd&) {
@@ -129,7 +102,10 @@ RunResult runProgramInProcess(std::initializer_list<std::string_view> arguments,
 }
 
 WorkFolder::WorkFolder() : before_(std::filesystem::current_path()) {
-    std::string name = (std::filesystem::temp_directory_path() / "vantelgis-test-XXXXXX").string();
+    // In memory where there is such a folder: a disk can take milliseconds for each file.
+    const std::filesystem::path memory = "/dev/shm";
+    const auto base = is_directory(memory) ? memory : std::filesystem::temp_directory_path();
+    std::string name = (base / "vantelgis-test-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no work folder");
     folder_ = name;
     std::filesystem::current_path(folder_);

@@ -1,0 +1,115 @@
+#include "gis/mif/writer.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "gis/layers.h"
+#include "gis/operations.h"
+#include "support/in_process_run.h"
+
+namespace vantelgis {
+namespace {
+
+using support::readFile;
+using support::runInProcess;
+using support::RunResult;
+using support::WorkFolder;
+
+// Writes the object at the nodes (1,2), (3,4), ... and gives what the layer holds behind its head.
+template <typename SetUp>
+std::string written(std::int32_t nodes, SetUp setUp) {
+    const WorkFolder folder;
+    const RunResult run = runInProcess([&] {
+        gisA_.n = 0;
+        int layer = gisOpenLayer("a.mif", "PLR", "O ");
+        gisWriteHeader(layer);
+        gisReserveNodes(nodes);
+        gisN = nodes;
+        for (std::int32_t i = 0; i < nodes; ++i) {
+            gisX[static_cast<std::size_t>(i)] = 2 * i + 1;
+            gisY[static_cast<std::size_t>(i)] = 2 * i + 2;
+        }
+        gisDataLine = "Data line";
+        setUp(gisO_);
+        gisWriteObject(layer, gisO_);
+        gisWriteRecord(layer, gisO_);
+        gisCloseLayer(layer);
+    });
+    const std::string text = readFile("a.mif");
+    constexpr std::string_view kHead =
+        "Version 300\r\nCharset \"WindowsLatin1\"\r\nDelimiter \",\"\r\n\r\nColumns "
+        "0\r\nData\r\n\r\n";
+    EXPECT_EQ(text.substr(0, kHead.size()), kHead);
+    return text.substr(kHead.size()) +
+           (run.ended ? run.console.substr(run.console.find("ERR")) : "");
+}
+
+// The line of node i, from 1.
+std::string node(int i) {
+    const std::string blanks(8, ' ');
+    return blanks + std::to_string(2 * i - 1) + ".000000" + blanks + std::to_string(2 * i) +
+           ".000000";
+}
+
+TEST(MifWriter, WritesEveryKind) {
+    const std::string one = node(1) + "\r\n";
+    const std::string two = node(2) + "\r\n";
+    const std::string three = node(3) + "\r\n";
+    EXPECT_EQ(written(1, [](GisObject& o) { o.point = true; }), "Point " + one);
+    EXPECT_EQ(written(2, [](GisObject& o) { o.multiPoint = true; }),
+              "MultiPoint 2\r\n" + one + two);
+    EXPECT_EQ(written(2, [](GisObject& o) { o.line = true; }), "Line " + node(1) + two);
+    EXPECT_EQ(written(2, [](GisObject& o) { o.pline = true; }), "Pline 2\r\n" + one + two);
+    EXPECT_EQ(written(0, [](GisObject& o) { o.pline = true; }), "Pline 0\r\n");
+    EXPECT_EQ(written(3,
+                      [](GisObject& o) {
+                          o.plineMultiple = true;
+                          o.nr = 2;
+                          o.ir[1] = 3;
+                      }),
+              "Pline Multiple 2\r\n 2\r\n" + one + two + " 1\r\n" + three);
+    EXPECT_EQ(written(1, [](GisObject& o) { o.plineMultiple = true; }),
+              "Pline Multiple 1\r\n 1\r\n" + one);
+    EXPECT_EQ(written(2,
+                      [](GisObject& o) {
+                          o.region = true;
+                          o.nr = 0;
+                      }),
+              "Region 1\r\n 2\r\n" + one + two);
+    EXPECT_EQ(written(3,
+                      [](GisObject& o) {
+                          o.region = true;
+                          o.nr = 2;
+                          o.ir[1] = 2;
+                      }),
+              "Region 2\r\n 1\r\n" + one + " 2\r\n" + two + three);
+    EXPECT_EQ(written(3, [](GisObject& o) { o.text = true; }),
+              "Text\r\nData line\r\n               3.000           4.000           5.000"
+              "           6.000\r\n");
+    EXPECT_EQ(written(0, [](GisObject& o) { o.none = true; }), "none\r\n");
+    EXPECT_EQ(written(2, [](GisObject& o) { o.rect = true; }).substr(0, 64),
+              "ERROR 0350 - Trying to write a MIF object that is not yet suppor");
+}
+
+TEST(MifWriter, GivesPointsTheTextOfTheirNode) {
+    const std::string text = written(2, [](GisObject& o) { o.pline = true; });
+    EXPECT_EQ(text.size(), 9 + 2 * 34U);
+    const WorkFolder folder;
+    runInProcess([] {
+        gisReserveNodes(3);
+        gisN = 3;
+        gisX[2] = 1234567890;
+        gisY[2] = -0.0000004;
+        gisO_.pline = true;
+        int layer = gisOpenLayer("a", "L", "O ");
+        gisWriteObject(layer, gisO_);
+        gisWritePointAtNode(layer, gisO_, 3);
+        gisCloseLayer(layer);
+    });
+    const std::string all = readFile("a.mif");
+    EXPECT_EQ(all.substr(all.find("Point")), "Point ****************       -0.000000\r\n");
+}
+
+}  // namespace
+}  // namespace vantelgis

@@ -1,0 +1,34 @@
+#include "support/fresh_start.h"
+
+#include "archive/conversions.h"
+#include "gis/layers.h"
+#include "gis/records.h"
+#include "run/console.h"
+#include "run/messages.h"
+#include "run/stop.h"
+#include "run/units.h"
+
+namespace vantelgis {
+
+// Stands in for the routine of that name in the program.
+void endProcess() {
+    throw support::ProcessEnd{};
+}
+
+namespace support {
+
+void freshStart() {
+    FILESINIT(1000);
+    DMESSAGECLEAR();
+    DMESSAGERESETCOUNTERS();
+    gisInitialise(-1, {}, {}, {});
+    gisMifCoordSys.clear();
+    gisShpProjCS.clear();
+    gisO_.clear();
+    includeHip = false;
+    consoleReset();
+}
+
+}  // namespace support
+
+}  // namespace vantelgis
