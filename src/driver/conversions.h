@@ -8,13 +8,13 @@ namespace vantelgis {
 // writes the run's output file and closes what it opened.
 
 /// Lines and polylines become `string 2d` breaklines.
-void convertBreaklines2d(const RunSettings& run);
+void convertBreaklines2d(const RunSettings& settings);
 
 /// Points with elevations and polylines become `string 3d` breaklines with interpolated elevations,
 /// and two check layers.
-void convertBreaklines3d(const RunSettings& run);
+void convertBreaklines3d(const RunSettings& settings);
 
 /// Points with results become a coordinate block and, for vectors, symbols.
-void convertResults(const RunSettings& run);
+void convertResults(const RunSettings& settings);
 
 }  // namespace vantelgis

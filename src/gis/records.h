@@ -23,11 +23,11 @@ inline constexpr std::int32_t kMaxWrittenNodes = 1'000'001;
 
 /// The MapInfo Interchange side of a layer.
 struct mifL_ {
-    Line line;         ///< last line read by the object scanner, as read
-    Line rest;         ///< what follows the keyword on that line
-    int mifUnit = 0;   ///< 0 when closed
-    int midUnit = 0;   ///< 0 when closed
-    int nAttr = 0;     ///< attribute fields in the tables below
+    Line line;        ///< last line read by the object scanner, as read
+    Line rest;        ///< what follows the keyword on that line
+    int mifUnit = 0;  ///< 0 when closed
+    int midUnit = 0;  ///< 0 when closed
+    int nAttr = 0;    ///< attribute fields in the tables below
     Text<32> attrName[kMaxMifFields];
     Text<24> attrType[kMaxMifFields];  ///< as it stands behind the name, such as Char(254)
 };
@@ -50,15 +50,15 @@ struct shpL_ {
     double yMin = 0;
     double xMax = -1;
     double yMax = -1;
-    std::int64_t unread = 0;      ///< bytes of the current record that were not read yet
-    bool countAhead = false;      ///< its count of points, and they, are still to come as well
+    std::int64_t unread = 0;  ///< bytes of the current record that were not read yet
+    bool countAhead = false;  ///< its count of points, and they, are still to come as well
 };
 
 /// The dBase table that belongs to a shapefile.
 struct dbfL_ {
     int dbfUnit = 0;
-    std::int32_t nRecords = 0;      ///< record count of the header
-    std::int32_t recordNo = 0;      ///< records read or written so far
+    std::int32_t nRecords = 0;  ///< record count of the header
+    std::int32_t recordNo = 0;  ///< records read or written so far
     std::int32_t nFields = 0;
     std::int32_t recordLength = 0;  ///< sum of the field widths
     std::int32_t fieldWidth[kMaxDbfFields] = {};
@@ -73,8 +73,8 @@ enum class GisKind { none = 0, mif = 1, shp = 2 };
 struct GisLayer {
     bool open = false;
     GisKind kind = GisKind::none;
-    Path name;             ///< as gisOpenLayer received it
-    bool atEnd = false;    ///< the next read of the handle used last would meet the end of its file
+    Path name;           ///< as gisOpenLayer received it
+    bool atEnd = false;  ///< the next read of the handle used last would meet the end of its file
     bool writing = false;
     mifL_ mif;
     shpL_ shp[kFamilies];  ///< points, lines, regions
@@ -87,25 +87,25 @@ GisLayer& gisLayer(int gisID);
 /// What the current object is. Exactly one of the flags but `center` is set behind a successful
 /// gisObjectType; for writing the caller sets one.
 struct GisObject {
-    bool none = false;           ///< object without geometry
+    bool none = false;  ///< object without geometry
     bool point = false;
     bool line = false;           ///< of two points
     bool pline = false;          ///< polyline of one section
     bool plineMultiple = false;  ///< polyline of several sections
     bool region = false;
-    bool ellipse = false;        ///< no coordinates kept
-    bool rect = false;           ///< two corners
-    bool roundRect = false;      ///< two corners
-    bool arc = false;            ///< no coordinates kept
-    bool center = false;         ///< the line read last gives a region's centre
+    bool ellipse = false;    ///< no coordinates kept
+    bool rect = false;       ///< two corners
+    bool roundRect = false;  ///< two corners
+    bool arc = false;        ///< no coordinates kept
+    bool center = false;     ///< the line read last gives a region's centre
     bool text = false;
     bool multiPoint = false;
     std::int32_t nSections = 1;  ///< of a plineMultiple; points of a multiPoint
-    std::int32_t nr = 1;         ///< polygons of a region; when writing, sections of a plineMultiple
-    /// Part table. Writing: ir[i] is the node (from 1) at which part i starts, rising strictly. Read
-    /// from a region: the node of the polygon's last vertex.
+    std::int32_t nr = 1;  ///< polygons of a region; when writing, sections of a plineMultiple
+    /// Part table. Writing: ir[i] is the node (from 1) at which part i starts, rising strictly.
+    /// Read from a region: the node of the polygon's last vertex.
     std::array<std::int32_t, kMaxParts> ir = {1};
-    Text<24> objName;            ///< keyword or shape name, for messages
+    Text<24> objName;  ///< keyword or shape name, for messages
 
     /// All flags false, one section, one part that starts at node 1, no name; the other entries of
     /// the part table stay.
@@ -116,7 +116,7 @@ struct GisObject {
 
 /// The attribute fields of a layer that is to be made.
 struct GisAttributes {
-    std::int32_t n = 0;  ///< fields, up to kMaxMifFields
+    std::int32_t n = 0;                      ///< fields, up to kMaxMifFields
     std::int32_t width[kMaxMifFields] = {};  ///< below 1: no width is written
     Text<32> name[kMaxMifFields];
     Text<24> type[kMaxMifFields];  ///< Char, Float, Integer, Decimal or Logical
@@ -134,10 +134,10 @@ struct FieldDefinition {
 /// by all conversions.
 extern GisObject gisO_;
 extern GisAttributes gisA_;
-extern std::int32_t gisN;           ///< nodes of the object to write
-extern std::vector<double> gisX;    ///< node 1 at index 0
+extern std::int32_t gisN;         ///< nodes of the object to write
+extern std::vector<double> gisX;  ///< node 1 at index 0
 extern std::vector<double> gisY;
-extern Text<1000> gisDataLine;      ///< attribute record to write; the line of a text object
+extern Text<1000> gisDataLine;  ///< attribute record to write; the line of a text object
 
 /// Coordinate-system texts of the output: the CoordSys line of a .mif, the line of a .prj.
 extern Text<1000> gisMifCoordSys;
@@ -169,10 +169,10 @@ struct ObjectNodes {
     std::int32_t n = 0;     ///< nodes of this object
     std::vector<double> x;  ///< node 1 at index 0
     std::vector<double> y;
-    double xc = 0;          ///< its centre or mid-point
+    double xc = 0;  ///< its centre or mid-point
     double yc = 0;
-    float angle = 0;        ///< direction of a line there, degrees from -180 to 180
-    float length = 0;       ///< of a line
+    float angle = 0;   ///< direction of a line there, degrees from -180 to 180
+    float length = 0;  ///< of a line
 };
 
 }  // namespace vantelgis
