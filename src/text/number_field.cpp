@@ -1,5 +1,7 @@
 #include "text/number_field.h"
 
+#include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -45,31 +47,35 @@ struct DigitPairs {
 };
 constexpr DigitPairs kPairs;
 
-// Writes the digits of `value` so that the last one stands before `end`; returns the first.
-char* digitsBefore(char* end, std::uint64_t value) {
-    while (value >= 100) {
-        end -= 2;
-        std::memcpy(end, kPairs.text + 2 * (value % 100), 2);
-        value /= 100;
-    }
-    if (value >= 10) {
-        end -= 2;
-        std::memcpy(end, kPairs.text + 2 * value, 2);
-        return end;
-    }
-    *--end = static_cast<char>('0' + value);
-    return end;
+constexpr int kDigits = 24;  // of the widest 64-bit number, with leading zeros
+constexpr std::uint64_t kTenTo8 = 100'000'000;
+
+void writePair(char* out, std::uint32_t value) {
+    std::memcpy(out, kPairs.text + 2 * value, 2);
 }
 
-// The same with leading zeros, exactly `count` digits.
-char* paddedDigitsBefore(char* end, std::uint64_t value, int count) {
-    for (; count >= 2; count -= 2) {
-        end -= 2;
-        std::memcpy(end, kPairs.text + 2 * (value % 100), 2);
-        value /= 100;
-    }
-    if (count > 0) *--end = static_cast<char>('0' + value % 10);
-    return end;
+void writeEightDigits(char* out, std::uint32_t value) {
+    const std::uint32_t high = value / 10000;
+    const std::uint32_t low = value % 10000;
+    writePair(out, high / 100);
+    writePair(out + 2, high % 100);
+    writePair(out + 4, low / 100);
+    writePair(out + 6, low % 100);
+}
+
+// Writes kDigits digits: divisions by constants, and none that waits for all the others.
+void writeDigits(char* out, std::uint64_t value) {
+    const std::uint64_t high = value / kTenTo8;
+    writeEightDigits(out + 16, static_cast<std::uint32_t>(value % kTenTo8));
+    writeEightDigits(out + 8, static_cast<std::uint32_t>(high % kTenTo8));
+    writeEightDigits(out, static_cast<std::uint32_t>(high / kTenTo8));
+}
+
+// How many digits `value` has without leading zeros, at least 1.
+int countDigits(std::uint64_t value) {
+    const int bits = static_cast<int>(std::bit_width(value | 1));
+    const int atLeast = bits * 1233 >> 12;  // times the logarithm of 2
+    return atLeast + (value >= kPowersOfTen[atLeast] ? 1 : 0) + (value == 0 ? 1 : 0);
 }
 
 char* asterisks(char* out, int width) {
@@ -86,7 +92,12 @@ char* rightJustified(char* out, int width, std::string_view text) {
     return out + width;
 }
 
-// Splits |value| * 10^decimals, below 2^63, into the nearest integer, ties to even.
+template <typename Rest>
+std::uint64_t roundToEven(std::uint64_t whole, Rest rest, Rest half) {
+    return rest > half || (rest == half && (whole & 1) != 0) ? whole + 1 : whole;
+}
+
+// The integer nearest to |value| * 10^decimals, which is below 2^63; ties to even.
 std::uint64_t scaledToNearest(std::uint64_t bits, int decimals) {
     const int biased = static_cast<int>(bits >> 52 & 0x7FF);
     std::uint64_t mantissa = bits & ((std::uint64_t{1} << 52) - 1);
@@ -95,11 +106,13 @@ std::uint64_t scaledToNearest(std::uint64_t bits, int decimals) {
     const Wide scaled = static_cast<Wide>(mantissa) * kPowersOfTen[decimals];
     if (shift <= 0) return static_cast<std::uint64_t>(scaled << -shift);
     if (shift >= 127) return 0;  // scaled is below 2^117, less than half a unit
-    const Wide whole = scaled >> shift;
-    const Wide rest = scaled - (whole << shift);
+    if (shift < 64) {
+        const auto low = static_cast<std::uint64_t>(scaled);
+        const std::uint64_t half = std::uint64_t{1} << (shift - 1);
+        return roundToEven(static_cast<std::uint64_t>(scaled >> shift), low & (2 * half - 1), half);
+    }
     const Wide half = static_cast<Wide>(1) << (shift - 1);
-    const auto result = static_cast<std::uint64_t>(whole);
-    return rest > half || (rest == half && (result & 1) != 0) ? result + 1 : result;
+    return roundToEven(static_cast<std::uint64_t>(scaled >> shift), scaled & (2 * half - 1), half);
 }
 
 // Values of any size, by the general algorithm.
@@ -135,17 +148,29 @@ char* fixedField(char* out, double value, int width, int decimals) {
     const std::uint64_t scaled = scaledToNearest(bits, decimals);
     const bool negative = bits >> 63 != 0;
 
-    // Longest text: 19 digits, or a zero and 19 decimals, the point and a minus.
-    char text[24];
-    char* const end = text + sizeof text;
-    const std::uint64_t power = kPowersOfTen[decimals];
-    const std::uint64_t whole = scaled / power;
-    char* begin = paddedDigitsBefore(end, scaled - whole * power, decimals);
-    *--begin = '.';
-    if (whole != 0 || decimals == 0 || width > decimals + 1 + (negative ? 1 : 0))
-        begin = digitsBefore(begin, whole);
-    if (negative) *--begin = '-';
-    return rightJustified(out, width, {begin, static_cast<std::size_t>(end - begin)});
+    int wholeDigits = std::max(countDigits(scaled) - decimals, 1);
+    int length = (negative ? 1 : 0) + wholeDigits + 1 + decimals;
+    if (length == width + 1 && scaled < kPowersOfTen[decimals] && decimals > 0) {
+        wholeDigits = 0;
+        --length;
+    }
+    if (length > width) return asterisks(out, width);
+
+    // All copies are of fixed size, which costs a few moves; what they carry too far to the left is
+    // overwritten by what follows.
+    char digits[3 * kDigits];
+    writeDigits(digits + kDigits, scaled);
+    const char* const point = digits + 2 * kDigits - decimals;  // where the point belongs
+    char text[2 * kMaxFieldWidth + kDigits];
+    char* const end = text + 2 * kMaxFieldWidth;
+    std::memcpy(end - decimals, point, kDigits);
+    end[-decimals - 1] = '.';
+    std::memcpy(end - decimals - 1 - kDigits, point - kDigits, kDigits);
+    char* const begin = end - length;
+    std::memset(begin - kMaxFieldWidth, ' ', kMaxFieldWidth);
+    if (negative) *begin = '-';
+    std::memcpy(out, end - width, static_cast<std::size_t>(width));
+    return out + width;
 }
 
 char* integerField(char* out, std::int64_t value, int width) {
