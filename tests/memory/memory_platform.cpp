@@ -1,0 +1,214 @@
+#include "memory/memory_platform.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+#include <vector>
+
+#include "run/platform.h"
+
+namespace vantelgis::memory {
+
+System system;
+
+namespace {
+
+struct Stream {
+    std::string* bytes = nullptr;  // null: not in use
+    std::string name;
+    platform::Access access = platform::Access::read;
+    std::size_t position = 0;
+};
+std::vector<Stream> streams;
+
+std::string keyOf(std::string_view name) {
+    if (name.starts_with("./") || name.starts_with(".\\")) name.remove_prefix(2);
+    std::string key{name};
+    std::replace(key.begin(), key.end(), '\\', '/');
+    return key;
+}
+
+bool folderExists(const std::string& key) {
+    const std::size_t slash = key.rfind('/');
+    if (slash == std::string::npos) return true;
+    const std::string folder = key.substr(0, slash + 1);
+    const auto first = system.files.lower_bound(folder);
+    return first != system.files.end() && first->first.starts_with(folder);
+}
+
+Stream& streamOf(platform::FileHandle file) {
+    return streams.at(static_cast<std::size_t>(file));
+}
+
+// Counts a use and tells whether it is one that fails.
+bool fails(Operation operation, const std::string& name, std::size_t place, bool forOutput) {
+    const auto position = static_cast<std::int64_t>(place);
+    Use& failed = system.failed;
+    if (system.uses++ == system.faultAt) {
+        system.faultMet = true;
+        failed = {operation, name, position, forOutput};
+        return true;
+    }
+    return system.faultMet && system.faultStays && failed.operation == operation &&
+           failed.name == name && failed.forOutput == forOutput && position >= failed.position;
+}
+
+bool fails(Operation operation, const Stream& stream) {
+    return fails(operation, stream.name, stream.position, stream.access != platform::Access::read);
+}
+
+std::size_t bytesStored() {
+    std::size_t sum = 0;
+    for (const auto& [name, bytes] : system.files) sum += bytes.size();
+    return sum;
+}
+
+}  // namespace
+
+void closeAllFiles() {
+    streams.clear();
+}
+
+}  // namespace vantelgis::memory
+
+namespace vantelgis::platform {
+
+using memory::Operation;
+using memory::Stream;
+using memory::streamOf;
+using memory::system;
+
+FileHandle openFile(std::string_view name, Access access, Sharing /*sharing*/) {
+    const std::string key = memory::keyOf(name);
+    const bool reads = access == Access::read;
+    if (memory::fails(Operation::open, key, 0, !reads)) return kNoFile;
+    if (reads ? !fileExists(name) : key.empty() || key.back() == '/' || !memory::folderExists(key))
+        return kNoFile;
+    std::string& bytes = system.files[key];
+    if (access == Access::replace) bytes.clear();
+    const auto free = std::find_if(memory::streams.begin(), memory::streams.end(),
+                                   [](const Stream& stream) { return stream.bytes == nullptr; });
+    const auto handle = free - memory::streams.begin();
+    if (free == memory::streams.end()) memory::streams.emplace_back();
+    memory::streams[static_cast<std::size_t>(handle)] = {
+        &bytes, key, access, access == Access::append ? bytes.size() : 0};
+    return handle;
+}
+
+bool closeFile(FileHandle file) {
+    Stream& stream = streamOf(file);
+    const bool failed = memory::fails(Operation::close, stream);
+    stream.bytes = nullptr;
+    return !failed;
+}
+
+std::int64_t readFile(FileHandle file, char* out, std::size_t size) {
+    Stream& stream = streamOf(file);
+    if (memory::fails(Operation::read, stream)) return -1;
+    const std::size_t start = std::min(stream.position, stream.bytes->size());
+    const std::size_t n = std::min({size, system.mostPerRead, stream.bytes->size() - start});
+    std::memcpy(out, stream.bytes->data() + start, n);
+    stream.position += n;
+    return static_cast<std::int64_t>(n);
+}
+
+bool writeFile(FileHandle file, const char* bytes, std::size_t size) {
+    Stream& stream = streamOf(file);
+    if (memory::fails(Operation::write, stream)) return false;
+    const std::size_t end = stream.position + size;
+    if (end > stream.bytes->size()) {
+        const std::size_t growth = end - stream.bytes->size();
+        if (growth > system.diskSize - std::min(system.diskSize, memory::bytesStored()))
+            return false;
+        stream.bytes->resize(end);
+    }
+    std::memcpy(stream.bytes->data() + stream.position, bytes, size);
+    stream.position = end;
+    return true;
+}
+
+bool seekFile(FileHandle file, std::int64_t position) {
+    Stream& stream = streamOf(file);
+    if (position < 0 || memory::fails(Operation::seek, stream)) return false;
+    stream.position = static_cast<std::size_t>(position);
+    return true;
+}
+
+bool emptyFile(FileHandle file) {
+    Stream& stream = streamOf(file);
+    if (memory::fails(Operation::empty, stream)) return false;
+    stream.bytes->clear();
+    stream.position = 0;
+    return true;
+}
+
+std::int64_t fileSize(FileHandle file) {
+    const Stream& stream = streamOf(file);
+    if (memory::fails(Operation::size, stream)) return -1;
+    return static_cast<std::int64_t>(stream.bytes->size());
+}
+
+bool fileExists(std::string_view name) {
+    return system.files.contains(memory::keyOf(name));
+}
+
+bool inputExists(std::string_view name) {
+    return fileExists(name);
+}
+
+// Nodes of the map stay where they are.
+bool identify(std::string_view name, FileIdentity& identity) {
+    const auto found = system.files.find(memory::keyOf(name));
+    if (found == system.files.end()) return false;
+    identity.index = reinterpret_cast<std::uintptr_t>(&found->second);
+    return true;
+}
+
+bool identify(FileHandle file, FileIdentity& identity) {
+    identity.index = reinterpret_cast<std::uintptr_t>(streamOf(file).bytes);
+    return true;
+}
+
+std::size_t readStandardInput(char* out, std::size_t size) {
+    const std::size_t n = std::min(size, system.typed.size());
+    std::memcpy(out, system.typed.data(), n);
+    system.typed.erase(0, n);
+    return n;
+}
+
+void writeStandardOutput(const char* bytes, std::size_t size) {
+    system.console.append(bytes, size);
+}
+
+bool standardOutputIsTerminal() {
+    return false;
+}
+
+std::string_view consoleLineEnd() {
+    return "\n";
+}
+
+Date localDate() {
+    return {2024, 5, 6};
+}
+
+std::optional<int> messageBox(std::string_view /*caption*/, std::string_view /*text*/,
+                              unsigned /*type*/) {
+    return {};
+}
+
+int makeFolder(std::string_view /*folder*/) {
+    return -1;
+}
+
+int copyFiles(std::string_view /*source*/, std::string_view /*target*/) {
+    return -1;
+}
+
+// The end of a run is replaced as well: nothing may end the process.
+void exitProcess() {
+    std::abort();
+}
+
+}  // namespace vantelgis::platform
