@@ -68,7 +68,9 @@ void gisInitialise(int /*logUnit*/, std::string_view /*title*/, std::string_view
     gisSetMessage({});
     dbfForgetItems();
     for (int id = 1; id <= kMaxLayers; ++id) {
-        gisInitialiseLayer(id);
+        const GisLayer& layer = gisLayer(id);
+        const bool untouched = layer.kind == GisKind::none && layer.name.blank();
+        if (!untouched) gisInitialiseLayer(id);
         gisLayer(id).open = false;
     }
 }
