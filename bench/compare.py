@@ -48,6 +48,16 @@ def vertex_lines_agree(archive, bare):
     return agree
 
 
+def snapping(name, recipe, limit=3.0):
+    """3D breaklines, beside the same lines with no point to look for."""
+    empty = Rival("no points", [str(BUILD / "src" / "vantelgis"), "-b", "-zln", "-out", "none.12da",
+                                "none.mif", "lines.mif"], limit=limit)
+    return Benchmark(f"snapping, {name}", recipe,
+                     args=["-b", "-zln", "-out", "out.12da", "points.mif", "lines.mif"],
+                     reads=["points.mif", "points.mid", "lines.mif", "lines.mid"],
+                     rivals=[empty], memory_limit=150)
+
+
 BENCHMARKS = [
     Benchmark("mif to 2D breaklines", "mif-lines",
               args=["-b", "-out", "out.12da", "lines.mif"],
@@ -56,6 +66,10 @@ BENCHMARKS = [
                             limit=1.6)],
               memory_limit=32,
               agrees=vertex_lines_agree("out.12da", "bare.txt")),
+    snapping("points near vertices", "snap-near"),
+    snapping("points on a north-south line", "snap-line"),
+    snapping("points in one place", "snap-place"),
+    snapping("points crowded in a few centimetres", "snap-crowd", limit=6.0),
 ]
 
 

@@ -13,7 +13,8 @@ struct BreaklinePoint {
     double x = 0;
     double y = 0;
     float z = 0;
-    std::int32_t next = kNoPoint;  ///< the next higher point of the same bucket of the search
+    /// The next higher point in the same bucket of the search, or, below kNoPoint, a tree of all.
+    std::int32_t next = kNoPoint;
 };
 
 /// How near a point must be to a vertex, along each axis: 0.001 as 32 bits hold it.

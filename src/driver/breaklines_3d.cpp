@@ -141,28 +141,16 @@ void writeString(Breaklines3d& run, std::span<const VertexElevation> elevations)
     endString(run.archive);
 }
 
-// Each vertex takes the elevation of a point or else the polyline's; true if any took a point's.
-bool snapVertices(Breaklines3d& run, std::span<VertexElevation> elevations) {
-    bool snapped = false;
-    for (std::size_t i = 0; i < elevations.size(); ++i) {
-        VertexElevation& vertex = elevations[i];
-        vertex.snapped =
-            snapVertex(run.points, run.nodes.x[i], run.nodes.y[i], run.elevation, vertex.z);
-        snapped |= vertex.snapped;
-    }
-    return snapped;
-}
-
 void convertSection(Breaklines3d& run) {
     const auto n = static_cast<std::size_t>(run.nodes.n);
+    const std::span<const double> x(run.nodes.x.data(), n);
+    const std::span<const double> y(run.nodes.y.data(), n);
     const std::span elevations(run.elevations.data(), n);
     tellPolyline(++run.counter, run.nodes.n);
-    if (!snapVertices(run, elevations)) {
+    if (!snapVertices(run.points, x, y, run.elevation, elevations)) {
         consoleLine("no snapped points - using polyline elevation.");
     } else {
         consoleLine("found snapped points - interpolating.");
-        const std::span<const double> x(run.nodes.x.data(), n);
-        const std::span<const double> y(run.nodes.y.data(), n);
         if (interpolateElevations(x, y, elevations)) writeDangle(run);
     }
     writeString(run, elevations);

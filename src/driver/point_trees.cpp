@@ -66,17 +66,12 @@ std::int32_t PointTrees::lowest(std::int32_t tree, std::span<const BreaklinePoin
     return found.best;
 }
 
-// Rounded differences rise with the coordinate, so what holds for both ends of a side holds for
-// all between them.
+// Rounded differences rise with the coordinate: where the nearer end of a side is too far away, all
+// of it is.
 void PointTrees::visit(std::int32_t number, Search& search) const {
     const Node& node = nodes_[at(number)];
-    const Interval dx{node.x.low - search.x, node.x.high - search.x};
-    const Interval dy{node.y.low - search.y, node.y.high - search.y};
-    if (node.lowest >= search.best || dx.low >= kSnapTolerance || dx.high <= -kSnapTolerance ||
-        dy.low >= kSnapTolerance || dy.high <= -kSnapTolerance)
-        return;
-    if (dx.low > -kSnapTolerance && dx.high < kSnapTolerance && dy.low > -kSnapTolerance &&
-        dy.high < kSnapTolerance) {
+    if (node.lowest >= search.best || beside(node.x, search.x) || beside(node.y, search.y)) return;
+    if (liesOn(search.points[at(node.lowest)], search.x, search.y)) {
         search.best = node.lowest;
     } else if (node.right == 0) {
         visitLeaf(node, search);
@@ -86,6 +81,10 @@ void PointTrees::visit(std::int32_t number, Search& search) const {
         visit(leftFirst ? left : node.right, search);
         visit(leftFirst ? node.right : left, search);
     }
+}
+
+bool PointTrees::beside(const Interval& side, double coordinate) {
+    return side.low - coordinate >= kSnapTolerance || side.high - coordinate <= -kSnapTolerance;
 }
 
 void PointTrees::visitLeaf(const Node& leaf, Search& search) const {

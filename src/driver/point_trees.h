@@ -12,8 +12,8 @@ namespace vantelgis {
 /// take a time that grows with their number at each vertex.
 ///
 /// A branch halves its points along the longer side of the box around them and knows the lowest
-/// index below it: a box inside the square of a vertex answers at once, one outside it or with no
-/// index below the best so far is passed over.
+/// index below it: if the vertex lies on that point it is the answer at once, and a box that is
+/// outside the vertex's square, or has no index below the best so far, is passed over.
 class PointTrees {
   public:
     /// Makes a tree of the points with these indices, at least one, and gives its number.
@@ -47,6 +47,7 @@ class PointTrees {
         std::int32_t best;
     };
 
+    static bool beside(const Interval& side, double coordinate);
     Node around(std::span<const BreaklinePoint> points, std::int32_t first, std::int32_t end) const;
     std::int32_t grow(std::span<const BreaklinePoint> points, std::int32_t first, std::int32_t end);
     void visit(std::int32_t number, Search& search) const;

@@ -18,7 +18,7 @@ constexpr double kCellsPerUnit = 100;
 constexpr std::size_t kBitsPerPoint = 16;
 constexpr int kBucketShift = 3;
 
-// Longer strings of points become trees.
+// What is strung behind so many points becomes a tree.
 constexpr int kLongString = 32;
 
 constexpr std::int32_t kFar = std::numeric_limits<std::int32_t>::max();
@@ -78,51 +78,97 @@ bool BreaklinePoints::mayHold(std::uint64_t hash) const {
     return (mayHold_[hash / 64] >> hash % 64 & 1) != 0;
 }
 
-std::int32_t BreaklinePoints::find(double x, double y) {
-    if (!std::isfinite(x) || !std::isfinite(y)) return kNoPoint;
+// Cells that the vertices of a block touch, in the order of the vertices.
+struct BreaklinePoints::Lookups {
+    struct Lookup {
+        std::uint64_t hash;
+        std::int32_t vertex;
+    };
+    Lookup cells[4 * kBlock];
+    std::size_t n = 0;
+};
+
+void BreaklinePoints::lookUpCells(Lookups& lookups, std::int32_t vertex, double x, double y) const {
+    if (!std::isfinite(x) || !std::isfinite(y)) return;
     const std::int64_t lastColumn = cellOf(x + kSnapTolerance);
     const std::int64_t lastRow = cellOf(y + kSnapTolerance);
     const std::int64_t firstRow = cellOf(y - kSnapTolerance);
-    std::int32_t best = kFar;
     for (std::int64_t column = cellOf(x - kSnapTolerance); column <= lastColumn; ++column) {
         for (std::int64_t row = firstRow; row <= lastRow; ++row) {
             const std::uint64_t hash = cellHash(column, row);
-            if (mayHold(hash)) best = lowestIn(hash >> kBucketShift, x, y, best);
+            __builtin_prefetch(&mayHold_[hash / 64]);
+            lookups.cells[lookups.n++] = {hash, vertex};
         }
     }
-    return best == kFar ? kNoPoint : best;
+}
+
+void BreaklinePoints::dropEmptyCells(Lookups& lookups) const {
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < lookups.n; ++i) {
+        const Lookups::Lookup lookup = lookups.cells[i];
+        if (!mayHold(lookup.hash)) continue;
+        __builtin_prefetch(&buckets_[lookup.hash >> kBucketShift]);
+        lookups.cells[kept++] = lookup;
+    }
+    lookups.n = kept;
+}
+
+void BreaklinePoints::find(std::span<const double> x, std::span<const double> y,
+                           std::span<std::int32_t> found) {
+    Lookups lookups;
+    for (std::size_t i = 0; i < x.size(); ++i)
+        lookUpCells(lookups, static_cast<std::int32_t>(i), x[i], y[i]);
+    dropEmptyCells(lookups);
+    const std::span cells(lookups.cells, lookups.n);
+    for (const auto& [hash, vertex] : cells) {
+        const std::int32_t first = buckets_[hash >> kBucketShift];
+        if (first > kNoPoint) __builtin_prefetch(&points_[static_cast<std::size_t>(first)]);
+    }
+    std::fill(found.begin(), found.end(), kFar);
+    for (const auto& [hash, vertex] : cells) {
+        const auto i = static_cast<std::size_t>(vertex);
+        found[i] = lowestIn(hash >> kBucketShift, x[i], y[i], found[i]);
+    }
+    std::replace(found.begin(), found.end(), kFar, kNoPoint);
 }
 
 std::int32_t BreaklinePoints::lowestIn(std::size_t bucket, double x, double y, std::int32_t best) {
-    int steps = 0;
-    for (std::int32_t i = buckets_[bucket]; i > kNoPoint && i < best;) {
-        const BreaklinePoint& point = points_[static_cast<std::size_t>(i)];
+    std::int32_t i = buckets_[bucket];
+    for (int steps = 1; i > kNoPoint && i < best; ++steps) {
+        BreaklinePoint& point = points_[static_cast<std::size_t>(i)];
         if (liesOn(point, x, y)) return i;
-        if (++steps > kLongString) plantTree(bucket);
-        i = steps > kLongString ? buckets_[bucket] : point.next;
+        if (steps == kLongString && point.next > kNoPoint) plantTree(point);
+        i = point.next;
     }
-    if (buckets_[bucket] >= kNoPoint) return best;
-    return trees_.lowest(treeBehind(buckets_[bucket]), points_, x, y, best);
+    return i < kNoPoint ? trees_.lowest(treeBehind(i), points_, x, y, best) : best;
 }
 
-void BreaklinePoints::plantTree(std::size_t bucket) {
+// Makes a tree of all points strung behind this one.
+void BreaklinePoints::plantTree(BreaklinePoint& last) {
     std::vector<std::int32_t> indices;
-    for (std::int32_t i = buckets_[bucket]; i != kNoPoint;
-         i = points_[static_cast<std::size_t>(i)].next)
+    for (std::int32_t i = last.next; i != kNoPoint; i = points_[static_cast<std::size_t>(i)].next)
         addRow(indices, i);
-    growOrStop([&] { buckets_[bucket] = treeBehind(trees_.plant(points_, indices)); });
+    growOrStop([&] { last.next = treeBehind(trees_.plant(points_, indices)); });
 }
 
-bool snapVertex(BreaklinePoints& points, double x, double y, float elevation, float& z) {
-    const std::int32_t found = points.find(x, y);
-    if (found == kNoPoint) {
-        z = elevation;
-        return false;
+bool snapVertices(BreaklinePoints& points, std::span<const double> x, std::span<const double> y,
+                  float elevation, std::span<VertexElevation> vertices) {
+    std::int32_t found[BreaklinePoints::kBlock];
+    bool any = false;
+    for (std::size_t start = 0; start < vertices.size(); start += BreaklinePoints::kBlock) {
+        const std::size_t n = std::min(vertices.size() - start, BreaklinePoints::kBlock);
+        points.find(x.subspan(start, n), y.subspan(start, n), std::span(found, n));
+        for (std::size_t i = 0; i < n; ++i) {
+            const bool snapped = found[i] != kNoPoint;
+            vertices[start + i] = {elevation, snapped};
+            if (!snapped) continue;
+            const auto point = static_cast<std::size_t>(found[i]);
+            points.use(point);
+            vertices[start + i].z = points[point].z;
+            any = true;
+        }
     }
-    const auto i = static_cast<std::size_t>(found);
-    points.use(i);
-    z = points[i].z;
-    return true;
+    return any;
 }
 
 }  // namespace vantelgis

@@ -2,9 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "driver/breakline_point.h"
+#include "driver/interpolation.h"
 #include "driver/point_trees.h"
 
 namespace vantelgis {
@@ -14,7 +16,7 @@ namespace vantelgis {
 ///
 /// Points are strung in buckets by the grid cell they lie in, lowest index first. A bit for each of
 /// many more cells than there are buckets tells of most vertices that no point is near without a
-/// look at the buckets. A string that turns out to be long becomes a tree.
+/// look at the buckets. The far end of a string that turns out to be long becomes a tree.
 class BreaklinePoints {
   public:
     /// Adds a point that no vertex has taken yet. Without memory the run stops.
@@ -23,8 +25,11 @@ class BreaklinePoints {
     /// Makes the search ready; to be called behind the last `add`.
     void index();
 
-    /// The lowest index of a point on which a vertex at `x`, `y` lies, kNoPoint if there is none.
-    std::int32_t find(double x, double y);
+    /// For each of at most kBlock vertices at `x`, `y`: the lowest index of a point on which it
+    /// lies, kNoPoint if there is none. They are looked up together because their buckets and
+    /// points are all over the memory, and asking for many at once hides the wait for each.
+    void find(std::span<const double> x, std::span<const double> y, std::span<std::int32_t> found);
+    static constexpr std::size_t kBlock = 64;
 
     [[nodiscard]] std::size_t size() const { return points_.size(); }
     [[nodiscard]] const BreaklinePoint& operator[](std::size_t i) const { return points_[i]; }
@@ -34,21 +39,25 @@ class BreaklinePoints {
 
   private:
     [[nodiscard]] std::uint64_t cellHash(std::int64_t column, std::int64_t row) const;
+    struct Lookups;
+    void lookUpCells(Lookups& lookups, std::int32_t vertex, double x, double y) const;
+    void dropEmptyCells(Lookups& lookups) const;
     [[nodiscard]] bool mayHold(std::uint64_t hash) const;
     void string(std::int32_t i);
     std::int32_t lowestIn(std::size_t bucket, double x, double y, std::int32_t best);
-    void plantTree(std::size_t bucket);
+    void plantTree(BreaklinePoint& last);
 
     std::vector<BreaklinePoint> points_;
     std::vector<bool> used_;
     std::vector<std::uint64_t> mayHold_;  // a bit for each hash
-    std::vector<std::int32_t> buckets_;   // the first point; or below kNoPoint, a tree
+    std::vector<std::int32_t> buckets_;   // the first point
     PointTrees trees_;
     int hashShift_ = 0;
 };
 
-/// Gives the vertex at `x`, `y` the elevation of the first point it lies on, which then counts as
-/// used, and is true; or gives it `elevation` and is false.
-bool snapVertex(BreaklinePoints& points, double x, double y, float elevation, float& z);
+/// Gives each vertex at `x`, `y` the elevation of the first point on which it lies, which then
+/// counts as used; or else `elevation`. True if any vertex snapped.
+bool snapVertices(BreaklinePoints& points, std::span<const double> x, std::span<const double> y,
+                  float elevation, std::span<VertexElevation> vertices);
 
 }  // namespace vantelgis

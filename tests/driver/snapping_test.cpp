@@ -125,7 +125,8 @@ TEST(Snapping, FindsWhatAScanFinds) {
         int wrong = 0;
         for (const Place& vertex : layout.vertices) {
             const std::int32_t expected = scan(layout.points, vertex);
-            const std::int32_t found = points.find(vertex.x, vertex.y);
+            std::int32_t found = 0;
+            points.find({&vertex.x, 1}, {&vertex.y, 1}, {&found, 1});
             if (found != expected && ++wrong < 4)
                 ADD_FAILURE() << layout.name << ": " << vertex.x << ", " << vertex.y << " gives "
                               << found << " for " << expected;
@@ -140,16 +141,21 @@ TEST(Snapping, FirstPointServesEveryVertex) {
     points.add(10, 20, 2.5F);
     points.add(10.0015, 20, 3.5F);
     points.index();
-    float z = 0;
-    EXPECT_TRUE(snapVertex(points, 10.0009, 19.9991, 9, z));
-    EXPECT_EQ(z, 1.5F);
-    EXPECT_TRUE(snapVertex(points, 10, 20, 9, z));
-    EXPECT_EQ(z, 1.5F);
-    EXPECT_FALSE(snapVertex(points, 9.998, 20, 9, z));
-    EXPECT_EQ(z, 9);
+    // More vertices than are looked up at once, in turns on the first point and on none.
+    constexpr std::size_t kVertices = 2 * BreaklinePoints::kBlock + 3;
+    std::vector<double> x(kVertices, 10.0009);
+    for (std::size_t i = 1; i < kVertices; i += 2) x[i] = 9.998;
+    const std::vector<double> y(kVertices, 19.9991);
+    std::vector<VertexElevation> vertices(kVertices);
+    EXPECT_TRUE(snapVertices(points, x, y, 9, vertices));
+    for (std::size_t i = 0; i < kVertices; ++i) {
+        EXPECT_EQ(vertices[i].snapped, i % 2 == 0) << i;
+        EXPECT_EQ(vertices[i].z, i % 2 == 0 ? 1.5F : 9) << i;
+    }
     EXPECT_TRUE(points.used(0));
     EXPECT_FALSE(points.used(1));
     EXPECT_FALSE(points.used(2));
+    EXPECT_FALSE(snapVertices(points, std::vector{5.0}, std::vector{5.0}, 9, {vertices.data(), 1}));
 }
 
 }  // namespace
