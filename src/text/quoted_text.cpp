@@ -4,17 +4,14 @@
 
 namespace vantelgis {
 
-std::size_t findOutsideQuotes(std::string_view text, char wanted, std::size_t from) {
+std::size_t findOutsideQuotes(std::string_view text, char wanted) {
     bool quoted = false;
-    for (std::size_t i = from; i < text.size(); ++i) {
-        const char c = text[i];
-        if (!isQuote(c)) {
-            if (c == wanted && !quoted) return i;
-        } else if (quoted && i + 1 < text.size() && text[i + 1] == c) {
-            ++i;
-        } else {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        // A doubled quote closes the text and opens it again at once.
+        if (isQuote(text[i]))
             quoted = !quoted;
-        }
+        else if (text[i] == wanted && !quoted)
+            return i;
     }
     return std::string_view::npos;
 }

@@ -60,7 +60,7 @@ std::int32_t NUMBEROFNUMBERS(std::string_view s) {
         } else if (c == '!' || c == '#') {
             return count;
         } else if (c == ' ' || c == '\t') {
-            if (!behindComma) inNumber = false;
+            inNumber = false;
         } else if (c == ',') {
             if (!inNumber && behindComma) ++count;
             behindComma = true;
