@@ -1,0 +1,228 @@
+#include "run/opener_settings.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "run/console.h"
+#include "run/messages.h"
+#include "run/opener.h"
+#include "run/platform.h"
+#include "run/stop.h"
+#include "run/unit_writing.h"
+#include "support/in_process_run.h"
+
+namespace vantelgis {
+namespace {
+
+using support::runInProcess;
+using support::RunResult;
+using support::writeFile;
+
+class OpenerSettingsTest : public testing::Test {
+  protected:
+    static void openAndClose(std::string_view mode, std::string_view name) {
+        int unit = 0;
+        FILEOPEN(unit, mode, name);
+        CLOSER(unit);
+    }
+    support::WorkFolder folder_;
+};
+
+// Boxes are questions on the console only where the platform has none of its own.
+class BoxTest : public OpenerSettingsTest {
+  protected:
+    void SetUp() override {
+        if (platform::consoleLineEnd() != "\n") GTEST_SKIP() << "would show real message boxes";
+    }
+    static RunResult inBoxMode(const std::function<void()>& body, std::string_view typed) {
+        return runInProcess(
+            [&] {
+                openerSettings.boxMode = true;
+                openerSettings.boxTitle = "HOST";
+                openerSettings.boxVersion = "7.1";
+                body();
+            },
+            typed);
+    }
+};
+
+TEST_F(OpenerSettingsTest, LogsWhatOpenerAndCloserPrint) {
+    writeFile("in.txt", "x");
+    const RunResult run = runInProcess(
+        [] {
+            int log = 0;
+            FILEOPEN(log, "O ", "log.txt");
+            openerSettings.logUnit = log;
+            openAndClose("I ", "missing.txt");
+            consoleLine("not a line of the opener");
+        },
+        "in.txt\n");
+    const std::string lines =
+        " Trying to open file missing.txt... CHECK 0008 - \"missing.txt\" cannot be found\n"
+        " Check file exists and press enter or enter another file name: "
+        " Trying to open file in.txt...OK. Opened File Unit:1002\n"
+        "...Closed File Unit:1002\n";
+    EXPECT_EQ(run.console, " Trying to open file log.txt...OK.  File Unit:1001\n" + lines +
+                               "not a line of the opener\n");
+    runInProcess([] {});  // closes the log
+    std::string logged = support::readFile("log.txt");
+    for (std::size_t at = 0; (at = logged.find("\r\n", at)) != std::string::npos;)
+        logged.erase(at, 1);
+    EXPECT_EQ(logged, lines);
+}
+
+TEST_F(OpenerSettingsTest, StartsAnewWithEachRun) {
+    runInProcess([] {
+        openerSettings.boxMode = openerSettings.copyMode = openerSettings.autoFolders = true;
+        openerSettings.inputDrive = 'q';
+        openerSettings.blockSize = 1;
+        openerSettings.copyLast = "x";
+        FILESINIT(1000);
+        EXPECT_FALSE(openerSettings.boxMode || openerSettings.copyMode ||
+                     openerSettings.autoFolders);
+        EXPECT_EQ(openerSettings.inputDrive, ' ');
+        EXPECT_EQ(openerSettings.blockSize, 0);
+        EXPECT_TRUE(openerSettings.copyLast.blank());
+    });
+}
+
+TEST_F(BoxTest, MovesNamesWithADriveToAnother) {
+    writeFile("x:in.txt", "x");
+    writeFile("in.txt", "x");
+    const RunResult run = runInProcess([] {
+        openerSettings.inputDrive = 'x';
+        openerSettings.outputDrive = 'y';
+        openAndClose("I ", "c:in.txt");
+        openAndClose("I ", "in.txt");
+        openAndClose("O ", "c:out.txt");
+    });
+    EXPECT_NE(run.console.find("file x:in.txt...OK."), std::string::npos);
+    EXPECT_NE(run.console.find("file in.txt...OK."), std::string::npos);
+    EXPECT_TRUE(std::filesystem::exists("y:out.txt"));
+}
+
+TEST_F(BoxTest, AsksForAMissingInputAndClosesAnOpenFile) {
+    const RunResult missing = inBoxMode([] { openAndClose("I ", "no.txt"); }, "r\nwhat\ncan\n");
+    const std::string box =
+        "\nHOST 7.1\nHOST FILE and/or path\nno.txt\ndoes not exist.\n Retry, Cancel? ";
+    const std::string attempt =
+        " Trying to open file no.txt... CHECK 0008 - \"no.txt\" cannot be found\n";
+    EXPECT_EQ(missing.console, attempt + box + attempt + box + box);
+    EXPECT_TRUE(missing.ended);
+
+    const auto openTwice = [] {
+        int unit = 0;
+        FILEOPEN(unit, "O ", "a.txt");
+        openAndClose("BO", "./a.txt");
+    };
+    const std::string question =
+        "\n\nHOST 7.1\nHOST file \n./a.txt\nis already open.  Close it?\n Yes, No? ";
+    const RunResult yes = inBoxMode(openTwice, "\n");
+    EXPECT_NE(yes.console.find(question + "OK.  File Unit:1002\n"), std::string::npos);
+    const RunResult no = inBoxMode(openTwice, "no\nok\n");
+    EXPECT_TRUE(no.console.ends_with(question +
+                                     "\nHOST\nPremature Exit of HOST Simulation 7.1\n\nPress OK to "
+                                     "Close Simulation Window\n OK? "));
+}
+
+TEST_F(BoxTest, StopsAndPausesInBoxes) {
+    const RunResult empty = inBoxMode([] { openAndClose("I ", "  "); }, {});
+    EXPECT_EQ(empty.console,
+              "\nHOST\nEmpty filename specified.  Bailing out.  Please contact "
+              "support@vantelgis.example.\n OK? \n");
+    const RunResult pause = inBoxMode([] { DPAUSE(); }, "later\nOK\n");
+    const std::string box =
+        "\nHOST\nHOST Simulation 7.1 paused\n\nRefer to Simulation Window\n\nPress OK to "
+        "Continue\n OK? ";
+    EXPECT_EQ(pause.console, box + box);
+    EXPECT_FALSE(pause.ended);
+}
+
+TEST_F(BoxTest, MakesAMissingFolderOnRequestOrByItself) {
+    const auto open = [] { openAndClose("O ", "a\\b\\out.txt"); };
+    const RunResult cancelled = inBoxMode(open, "y\nn\nc\n");
+    EXPECT_TRUE(cancelled.ended);
+    EXPECT_TRUE(cancelled.console.ends_with(
+        "Create folder below?\n\na\\b\\\n\n Yes, No? \nHOST 7.1\na\\b\\\n\nAbove folder does not "
+        "exist!  Create?\n\nEither create the folder yourself and press No,\nor press Yes to have "
+        "the folder created for you.\n Yes, No, Cancel? "));
+    EXPECT_FALSE(std::filesystem::exists("a"));
+    inBoxMode(open, "y\ny\n");
+    EXPECT_TRUE(std::filesystem::exists("a/b/out.txt"));
+
+    const RunResult made = runInProcess([] {
+        openerSettings.autoFolders = true;
+        openAndClose("O ", "c/d/out.txt");
+        openAndClose("O ", "a/b");  // a folder of that name: no new folder helps
+    });
+    EXPECT_TRUE(made.console.starts_with(
+        " Trying to open file c/d/out.txt...Can't Open\nOK.  File Unit:1001\n"));
+    EXPECT_NE(made.console.find("file a/b...Can't Open\nCan't Open\n\n Can't open: a/b\n"),
+              std::string::npos);
+}
+
+TEST_F(BoxTest, WaitsForALockedOutput) {
+    const std::filesystem::path running = "/proc/self/exe";  // nobody may write to it
+    if (!std::filesystem::exists(running)) GTEST_SKIP() << "needs /proc";
+    const RunResult run = inBoxMode([&] { openAndClose("O ", running.string()); }, "\nc\n");
+    const std::string box =
+        "Can't Open\n\nHOST 7.1\n/proc/self/exe\n\nAbove file is locked by another application.\n\n"
+        "Close the file in the other application and press Retry.\n Retry, Cancel? ";
+    EXPECT_EQ(run.console, " Trying to open file /proc/self/exe..." + box + box);
+}
+
+TEST_F(OpenerSettingsTest, HandsOverInBlocks) {
+    runInProcess([] {
+        openerSettings.blockSize = 512;
+        int blocks = 0;
+        int whole = 0;
+        FILEOPEN(blocks, "F ", "blocks.txt");
+        FILEOPEN(whole, "BO", "whole.txt");
+        for (int i = 0; i < 20; ++i) {
+            put(blocks, std::string(100, 'b'));
+            put(whole, std::string(100, 'w'));
+        }
+        EXPECT_EQ(std::filesystem::file_size("blocks.txt"), 1800U);
+        EXPECT_EQ(std::filesystem::file_size("whole.txt"), 0U);
+    });
+    EXPECT_EQ(support::readFile("blocks.txt"), std::string(2000, 'b'));
+}
+
+TEST_F(OpenerSettingsTest, GathersTheFilesOfARun) {
+    std::filesystem::create_directory("in");
+    std::filesystem::create_directory("in/group");
+    for (const char* name : {"in/a.mif", "in/a.mid", "in/ab.mif", "in/one.txt", "in/one.log",
+                             "in/group/g.xf4", "in/group/g.dat", "in/g.dat"})
+        writeFile(name, name);
+    std::string last;
+    const auto run = [&](bool exact, std::string_view mode, std::string_view name) {
+        runInProcess([&] {
+            openerSettings.copyMode = true;
+            openerSettings.copyExact = exact;
+            openerSettings.copyRoot = "tree\\";
+            openAndClose(mode, name);
+            last = openerSettings.copyLast.view();
+        });
+    };
+    run(false, "I ", "in\\a.mif");
+    EXPECT_EQ(last, "tree\\in\\a.mif");
+    run(true, "BI", "in\\one.txt");
+    run(false, "I ", "in\\group\\g.xf4");
+    run(false, "O ", "out\\new.csv");
+    EXPECT_EQ(last, "tree\\out\\new.csv");
+
+    EXPECT_EQ(support::readFile("tree/in/a.mid"), "in/a.mid");
+    EXPECT_FALSE(std::filesystem::exists("tree/in/ab.mif"));
+    EXPECT_TRUE(std::filesystem::exists("tree/in/one.txt"));
+    EXPECT_FALSE(std::filesystem::exists("tree/in/one.log"));
+    EXPECT_TRUE(std::filesystem::exists("tree/in/group/g.xf4"));
+    EXPECT_FALSE(std::filesystem::exists("tree/in/group/g.dat"));
+    EXPECT_EQ(support::readFile("tree/in/g.dat"), "in/g.dat");  // the group's common file
+    EXPECT_TRUE(std::filesystem::exists("tree/out/new.csv"));
+    EXPECT_FALSE(std::filesystem::exists("out"));
+}
+
+}  // namespace
+}  // namespace vantelgis
