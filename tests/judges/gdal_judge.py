@@ -14,7 +14,6 @@ import shutil
 import subprocess
 import sys
 import tempfile
-from typing import Callable
 
 EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
 SKIPPED = 77
@@ -94,8 +93,15 @@ def section_points(archive):
         seen.add(name)
 
 
-def only(kind, features: Callable):
-    return lambda: [feature for feature in features() if feature.kind == kind]
+def only(kind, features):
+    return [feature for feature in features if feature.kind == kind]
+
+
+def in_table(features):
+    """The features with the ten characters that a dBase table keeps of a field's name."""
+    for feature in features:
+        row = {name[:10]: value for name, value in feature.attributes.items()}
+        yield dataclasses.replace(feature, attributes=row)
 
 
 JUDGEMENTS = [
@@ -104,11 +110,20 @@ JUDGEMENTS = [
     Judgement("cross-sections to MapInfo", ["-xs", "-out", "xs.mif", "site.12da"],
               {"xs.mif": lambda: sections("site.12da"),
                "xs_Pts.mif": lambda: section_points("site.12da")}),
+    Judgement("strings to shapefiles", ["-shp", "site.12da"],
+              {"site.12da_L.shp": lambda: in_table(only("LINESTRING", strings("site.12da"))),
+               "site.12da_P.shp": lambda: in_table(only("POINT", strings("site.12da")))}),
+    Judgement("cross-sections to shapefiles", ["-xs", "-out", "xs.shp", "site.12da"],
+              {"xs_L.shp": lambda: in_table(sections("site.12da")),
+               "xs_P.shp": lambda: in_table(section_points("site.12da"))}),
 ]
 
 
 def ogrinfo(*args):
-    done = subprocess.run(["ogrinfo", "-ro", *args], stdout=subprocess.PIPE, check=True, text=True)
+    done = subprocess.run(["ogrinfo", "-ro", *args], capture_output=True, check=True, text=True)
+    if done.stderr:
+        print(f"ogrinfo has something to say: {done.stderr}", end="")
+        raise SystemExit(1)
     return done.stdout
 
 
@@ -117,7 +132,8 @@ def features_in(layer):
     for entry in ogrinfo("-al", "-q", str(layer)).split("OGRFeature")[1:]:
         attributes = {}
         for name, kind, value in re.findall(r"^  (\w+) \((\w+)\) = (.*)$", entry, re.MULTILINE):
-            attributes[name] = value if kind == "String" else float(value)
+            text = "" if value == "(null)" else value  # a field of blanks in a table
+            attributes[name] = text if kind == "String" else float(value)
         kind, nodes = re.search(r"^  ([A-Z]+) (?:Z )?\((.*)\)$", entry, re.MULTILINE).groups()
         yield Feature(kind, [tuple(map(float, node.split()[:2])) for node in nodes.split(",")],
                       attributes)
