@@ -7,9 +7,10 @@ namespace vantelgis {
 /// The elevation that says that there is none.
 inline constexpr float kNullElevation = -99999.0F;
 
-/// The elevation at (x, y) of the plane through three corners, in `z`. False, with the null
-/// elevation, when the line from the third corner through the point doesn't meet the line of the
-/// first two. The point may lie outside the triangle.
+/// The elevation at a point inside a triangle, on the plane of its three corners, in `z`. False,
+/// with the null elevation, when the line from the third corner through the point is parallel to
+/// that of the first two. Lengths have no sign: for a point outside, the result is a number, but
+/// not always the plane's.
 extern "C" bool INTERPOLATE_TRIANGLE(float x, float y, const float tx[3], const float ty[3],
                                      const float tz[3], float& z);
 extern "C" bool INTERPOLATE_TRIANGLE_8(double x, double y, const double tx[3], const double ty[3],
