@@ -85,8 +85,14 @@ std::string_view d12CountingPart(std::string_view line) {
     return withoutTrailingBlanks(line.substr(0, line.find("//")));
 }
 
+bool d12NextLine(int unit, std::string_view& line) {
+    const ReadResult result = readLine(unit, line);
+    if (result == ReadResult::failed) stopReadingFile(unitName(unit));
+    return result == ReadResult::ok;
+}
+
 bool d12ReadLine(int unit, std::string_view& line, std::size_t capacity) {
-    while (readLine(unit, line) == ReadResult::ok) {
+    while (d12NextLine(unit, line)) {
         line = d12CountingPart(line.substr(0, capacity));
         if (!line.empty()) return true;
     }

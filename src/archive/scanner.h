@@ -35,6 +35,10 @@ struct D12Object {
 /// What counts of a line: its text without leading blanks and without the comment behind it.
 std::string_view d12CountingPart(std::string_view line);
 
+/// Reads the next line as it stands. False at the end of the file; a read that the system refuses
+/// stops the run.
+bool d12NextLine(int unit, std::string_view& line);
+
 /// Reads the next line that is neither blank nor a comment, as a view without leading blanks and
 /// without the comment behind it. What lies beyond `capacity` doesn't count. At the end of the file
 /// false and a blank line. The view is valid until the next read of the unit.

@@ -212,7 +212,7 @@ LineUse takeLine(int unit, std::string_view line, const BlockForm& form, VertexT
 bool readBlock(int unit, const BlockForm& form, VertexTable& table) {
     LineUse use = LineUse::none;
     std::string_view line;
-    while (use != LineUse::blockEnd && readLine(unit, line) == ReadResult::ok) {
+    while (use != LineUse::blockEnd && d12NextLine(unit, line)) {
         const LineUse next = takeLine(unit, line.substr(0, kVertexLineCapacity), form, table);
         if (next != LineUse::none) use = next;
     }

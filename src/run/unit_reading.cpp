@@ -32,6 +32,7 @@ bool refill(OpenFile& file, std::size_t keepFrom) {
     }
     file.ended = true;
     file.failed = count < 0;
+    file.failureTold = false;
     return false;
 }
 
@@ -39,11 +40,13 @@ bool hasBytes(OpenFile& file) {
     return file.begin < file.end || refill(file, file.begin);
 }
 
-ReadResult endOrFailure(const OpenFile& file) {
+ReadResult endOrFailure(OpenFile& file) {
+    file.failureTold = file.failed;
     return file.failed ? ReadResult::failed : ReadResult::end;
 }
 
 void moveTo(OpenFile& file, std::int64_t position) {
+    file.failureTold = false;
     const std::int64_t bufferEnd = file.bufferStart + static_cast<std::int64_t>(file.end);
     if (position >= file.bufferStart && position <= bufferEnd) {
         file.begin = static_cast<std::size_t>(position - file.bufferStart);
@@ -70,7 +73,7 @@ ReadResult readLongLine(OpenFile& file, std::string_view& line) {
         lineEnd = static_cast<char*>(
             std::memchr(file.buffer + kLongestLine, '\n', file.end - kLongestLine));
     } while (lineEnd == nullptr);
-    if (file.failed) return ReadResult::failed;
+    if (file.failed) return endOrFailure(file);
     file.begin =
         lineEnd == nullptr ? file.end : static_cast<std::size_t>(lineEnd - file.buffer) + 1;
     line = {file.buffer, kLongestLine};
@@ -111,8 +114,11 @@ ReadResult readLine(int unit, std::string_view& line) {
     return ReadResult::ok;
 }
 
+// A failure met in the look ahead is left for the read that follows, so that its caller can say
+// what could not be read.
 bool atEnd(int unit) {
-    return !hasBytes(readableFile(unit));
+    OpenFile& file = readableFile(unit);
+    return !hasBytes(file) && (!file.failed || file.failureTold);
 }
 
 void rewindUnit(int unit) {
@@ -151,12 +157,13 @@ ReadResult skipBytes(int unit, std::int64_t count) {
     const std::int64_t size = platform::fileSize(file.handle);
     const bool cutOff = count > size - position;
     moveTo(file, cutOff ? size : position + count);
-    return file.failed ? ReadResult::failed : cutOff ? ReadResult::end : ReadResult::ok;
+    if (file.failed) return endOrFailure(file);
+    return cutOff ? ReadResult::end : ReadResult::ok;
 }
 
 std::string_view readSome(int unit, std::size_t most) {
     OpenFile& file = readableFile(unit);
-    if (!hasBytes(file)) return {};
+    if (!hasBytes(file)) return {};  // the read that follows gives the reason
     const std::size_t n = std::min(most, file.end - file.begin);
     const std::string_view bytes{file.buffer + file.begin, n};
     file.begin += n;

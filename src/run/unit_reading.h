@@ -24,8 +24,8 @@ inline constexpr std::size_t kLongestLine = 100'000;
 /// until the next operation on that unit. A caller with a smaller capacity cuts the view.
 ReadResult readLine(int unit, std::string_view& line);
 
-/// True when the next read would meet the end of the file, also after a failed read. The view of
-/// the line read last stays valid then; after false it is gone.
+/// True when the next read would meet the end of the file, also after a failed read; false when it
+/// will fail. The view of the line read last stays valid after true; after false it is gone.
 bool atEnd(int unit);
 
 /// Goes back to the start of the file.
@@ -41,7 +41,7 @@ ReadResult readBytes(int unit, void* out, std::size_t size);
 ReadResult skipBytes(int unit, std::int64_t count);
 
 /// A view of the next bytes, at least 1 and at most `most` of them, which are then taken. Empty at
-/// the end of the file or at a failure (`atEnd` is then true).
+/// the end of the file or at a failure; a further read tells which.
 std::string_view readSome(int unit, std::size_t most);
 
 /// One number in the byte order of the unit's mode.

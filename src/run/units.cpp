@@ -100,7 +100,7 @@ bool closeUnderOwner(Unit& unit) {
     const bool written = flushFile(file);
     const bool closed = platform::closeFile(file.handle);
     file.handle = platform::kNoFile;
-    return written && closed;
+    return file.mode->input || (written && closed);
 }
 
 void closeAllUnits() {

@@ -28,6 +28,7 @@ struct OpenFile {
     bool ended = false;                   ///< the system has no further byte, or a read failed
     bool failed = false;                  ///< a write, or a read, was refused
     std::size_t blockSize = kBufferSize;  ///< bytes that are handed over together
+    bool failureTold = false;             ///< a failed read was given to its caller
     bool ownerReports = false;            ///< its owner has a message of its own for a failed write
     char buffer[kBufferSize];
 };

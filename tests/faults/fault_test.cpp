@@ -1,0 +1,142 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "faults/sample_runs.h"
+#include "memory/memory_run.h"
+
+namespace vantelgis {
+
+namespace {
+
+using memory::Operation;
+using memory::Use;
+
+memory::Files filesOfRun(const SampleRun& run) {
+    memory::runProgramInMemory(run.arguments);
+    return memory::system.files;
+}
+
+memory::Files cleanResult(const SampleRun& run) {
+    memory::system = {};
+    memory::system.files = run.files;
+    memory::Files result = filesOfRun(run);
+    EXPECT_NE(memory::system.console.find("\nFinished.\n"), std::string::npos) << run.name;
+    return result;
+}
+
+constexpr std::string_view kPromptToClose = "\n\nPress Enter to Close\n";
+constexpr std::string_view kBarePrompt = "\nEnter command<CR> or <CR> to continue.\n";
+
+// What a run says, at the start of a line, when an operation on a file fails; then it stops.
+struct Rule {
+    std::string_view ending;  // of the file's name
+    bool output;
+    std::string_view from;     // what stands in the file where the rule begins to hold
+    std::string_view message;  // its first part
+};
+constexpr std::string_view kDbfEndOfHeader = "\r ";
+constexpr Rule kReading[] = {
+    {"s.mif", false, "", "ERROR 0315 - Could not find start of attribute definitions in .mif file"},
+    {"s.mif", false, "  Z ", "ERROR 0316 - Could not read attribute definitions in .mif file"},
+    {"s.mif", false, "  Value ", "ERROR 0316 - Could not read attribute definitions in .mif file"},
+    {"s.mif", false, "Data", "ERROR 0313 - Could not find start of \"Data\" block in .mif file."},
+    {"s.mif", false, "\r\nP", "ERROR 0321 - Reading .mif file object type."},
+    {"s.mif", false, "0 0\r\n10", "ERROR 0308 - Reading .mif file.  Check file format"},
+    {"s.mif", false, "Region 1", "ERROR 0321 - Reading .mif file object type."},
+    {"s.mif", false, " 2\r\n3 3", "ERROR 0308 - Reading .mif file.  Check file format"},
+    {"s.mif", false, "Point 0", "ERROR 0321 - Reading .mif file object type."},
+    {"s.mif", false, "3 4\r\n", "ERROR 0308 - Reading .mif file.  Check file format"},
+    {"s.mif", false, "Point 5", "ERROR 0321 - Reading .mif file object type."},
+    {".mid", false, "", "ERROR 0254 - Failed to read object attribute data record for a "},
+    {".shp", false, "", "ERROR 0427 - Reading .shp file header."},
+    {".dbf", false, "", "ERROR 0403 - Reading .dbf file header."},
+    {".dbf", false, kDbfEndOfHeader, "ERROR 0407 - Reading .dbf record."},
+    {".12da", false, "", "WARNING - Problems finding start of data in .12da file"},
+    {".12da", false, "string 3d {", "ERROR - Reading file site.12da"},
+};
+constexpr Rule kWriting[] = {
+    {".12da", true, "", "ERROR - Writing file "},
+    {".csv", true, "", "ERROR - Writing file "},
+    {".mif", true, "", "ERROR 0439 - Writing .mif file object coordinates."},
+    {".mid", true, "", "ERROR 0254 - Failed to write attribute data record for a "},
+    {".prj", true, "", "ERROR 0437 - Writing .shp file header."},
+    {".shp", true, "", "ERROR 0437 - Writing .shp file header."},
+    {".shx", true, "", "ERROR 0437 - Writing .shp file header."},
+    {".dbf", true, "", "ERROR 0413 - Writing .dbf file header."},
+};
+
+bool stopsWith(std::string_view message, std::string_view prompt) {
+    const std::string& console = memory::system.console;
+    const bool finished = console.find("\nFinished.\n") != std::string::npos;
+    return console.find("\n" + std::string(message)) != std::string::npos &&
+           console.ends_with(prompt) && finished == message.starts_with("WARNING");
+}
+
+// What is read at a place behind the header of a shapefile: each record is a fixed part, of
+// `fixedBytes`, and coordinates.
+std::string_view shapeMessage(std::string_view bytes, std::size_t place, std::size_t fixedBytes) {
+    std::size_t record = 100;
+    while (record < bytes.size()) {
+        const std::size_t next =
+            record + 8 +
+            2 * static_cast<std::size_t>(static_cast<unsigned char>(bytes[record + 7]));
+        if (place < next) break;
+        record = next;
+    }
+    return place >= record + fixedBytes && record < bytes.size()
+               ? "ERROR 0429 - Reading .shp file object coordinates."
+               : "ERROR 0424 - Reading .shp file object type.";
+}
+
+bool stopsAsTold(std::span<const Rule> rules) {
+    const Use& failed = memory::system.failed;
+    const std::string& bytes = memory::system.files[failed.name];
+    const auto place = static_cast<std::size_t>(failed.position);
+    if (failed.name.ends_with(".shp") && place >= 100) {
+        constexpr std::size_t kPointHead = 12;
+        constexpr std::size_t kOnePartHead = 56;
+        return stopsWith(
+            shapeMessage(bytes, place, failed.name == "points.shp" ? kPointHead : kOnePartHead),
+            kPromptToClose);
+    }
+    if (memory::system.console.find("\nFile 1: ") == std::string::npos)
+        return stopsWith("ERROR - Reading data\n", kBarePrompt);  // reading the projection
+    const Rule* holds = nullptr;
+    for (const Rule& rule : rules) {
+        if (failed.name.ends_with(rule.ending) && bytes.find(rule.from) <= place) holds = &rule;
+    }
+    return holds != nullptr && stopsWith(holds->message, kPromptToClose);
+}
+
+// How the run ended, for the report of a failed test.
+std::string endOfRun(const SampleRun& run) {
+    const memory::System& system = memory::system;
+    const std::size_t shown = std::min<std::size_t>(system.console.size(), 300);
+    return std::string(run.name) + ": byte " + std::to_string(system.failed.position) + " of " +
+           system.failed.name + "\n..." + system.console.substr(system.console.size() - shown);
+}
+
+TEST(AFaultOnDisk, AtAnyReadIsToldInTheWordsOfItsPlace) {
+    for (const SampleRun& run : sampleRuns()) {
+        if (run.name == "3d from one mif") continue;  // reads the same lines in two ways
+        const memory::Files expected = cleanResult(run);
+        for (std::int64_t n = 0;; ++n) {
+            memory::system = {};
+            memory::system.files = run.files;
+            memory::system.mostPerRead = 7;
+            memory::system.faultAt = n;
+            memory::system.faultStays = true;
+            const memory::Files files = filesOfRun(run);
+            if (!memory::system.faultMet) break;
+            if (memory::system.failed.operation != Operation::read) continue;
+            if (files == expected) continue;  // it lies behind all that was needed
+            EXPECT_TRUE(stopsAsTold(kReading)) << endOfRun(run);
+        }
+    }
+}
+
+}  // namespace
+
+}  // namespace vantelgis
