@@ -1,81 +1,20 @@
 // Writes the data of the benchmarks: the same bytes on every machine and in every run.
 
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <string>
-#include <string_view>
-
-#include "text/number_field.h"
+#include "generator.h"
 
 namespace {
 
-using vantelgis::IntegerText;
-
-// SplitMix64: the library's distributions differ from one library to the next.
-class Random {
-  public:
-    // 0 to limit - 1
-    std::int64_t below(std::int64_t limit) {
-        state_ += 0x9e3779b97f4a7c15U;
-        std::uint64_t z = state_;
-        z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9U;
-        z = (z ^ (z >> 27)) * 0x94d049bb133111ebU;
-        return static_cast<std::int64_t>((z ^ (z >> 31)) % static_cast<std::uint64_t>(limit));
-    }
-
-  private:
-    std::uint64_t state_ = 20240501;
-};
-
-// A file that is written front to back.
-class Output {
-  public:
-    explicit Output(const std::string& name) : file_(std::fopen(name.c_str(), "wb")) {
-        if (file_ == nullptr) fail(name);
-    }
-    ~Output() {
-        if (std::fclose(file_) != 0) fail("the last bytes");
-    }
-    Output(const Output&) = delete;
-    Output& operator=(const Output&) = delete;
-
-    Output& operator<<(std::string_view text) {
-        if (std::fwrite(text.data(), 1, text.size(), file_) != text.size()) fail("a file");
-        return *this;
-    }
-    Output& operator<<(std::int64_t value) { return *this << std::string_view(IntegerText(value)); }
-
-  private:
-    [[noreturn]] static void fail(const std::string& name) {
-        std::fprintf(stderr, "Can't write %s\n", name.c_str());
-        std::exit(1);
-    }
-
-    std::FILE* file_;
-};
+using bench::kMetre;
+using bench::Output;
+using bench::Place;
+using bench::Random;
+using bench::somewhere;
+using bench::step;
 
 // A coordinate in millionths of a metre, with its six decimals.
 void putMicro(Output& out, std::int64_t micro) {
     const std::string fraction = std::to_string(1'000'000 + micro % 1'000'000);
     out << micro / 1'000'000 << "." << std::string_view(fraction).substr(1);
-}
-
-constexpr std::int64_t kMetre = 1'000'000;
-
-struct Place {
-    std::int64_t x, y;
-};
-
-Place somewhere(Random& random) {
-    return {(300'000 + random.below(60'000)) * kMetre + random.below(kMetre),
-            (6'200'000 + random.below(60'000)) * kMetre + random.below(kMetre)};
-}
-
-void step(Random& random, Place& place) {
-    place.x += random.below(50 * kMetre) - 25 * kMetre;
-    place.y += random.below(50 * kMetre) - 25 * kMetre;
 }
 
 void putPlace(Output& mif, const Place& place) {
@@ -189,6 +128,9 @@ struct Recipe {
 };
 constexpr Recipe kRecipes[] = {
     {"mif-lines", mifLines},
+    {"archive-3d", bench::archiveOf3dStrings},
+    {"archive-super", bench::archiveOfSuperStrings},
+    {"archive-longest", bench::archiveOfLongestString},
     {"snap-near", [](const std::string& folder) { return snapData(folder, kNearVertices); }},
     {"snap-line", [](const std::string& folder) { return snapData(folder, kOnLine); }},
     {"snap-place", [](const std::string& folder) { return snapData(folder, kInOnePlace); }},
