@@ -22,3 +22,6 @@ foreach(tool format tidy)
     message(STATUS "No clang-${tool} ${clang_tools_version}: its check is left out")
   endif()
 endforeach()
+if(TEST tidy)
+  set_tests_properties(tidy PROPERTIES RUN_SERIAL TRUE)  # it uses every core itself
+endif()

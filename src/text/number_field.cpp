@@ -148,12 +148,10 @@ char* fixedField(char* out, double value, int width, int decimals) {
     const std::uint64_t scaled = scaledToNearest(bits, decimals);
     const bool negative = bits >> 63 != 0;
 
-    int wholeDigits = std::max(countDigits(scaled) - decimals, 1);
+    const int wholeDigits = std::max(countDigits(scaled) - decimals, 1);
     int length = (negative ? 1 : 0) + wholeDigits + 1 + decimals;
-    if (length == width + 1 && scaled < kPowersOfTen[decimals] && decimals > 0) {
-        wholeDigits = 0;
-        --length;
-    }
+    if (length == width + 1 && scaled < kPowersOfTen[decimals] && decimals > 0)
+        --length;  // the zero before the point gives way
     if (length > width) return asterisks(out, width);
 
     // All copies are of fixed size, which costs a few moves; what they carry too far to the left is
