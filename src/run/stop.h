@@ -2,14 +2,12 @@
 
 #include <string_view>
 
+#include "run/exits.h"
+
 namespace vantelgis {
 
 // The ends of a run. Each writes out and closes every open file first, and the process always ends
 // with status 0: a failure is told in words.
-
-/// The orderly stop: closes all file units without a line on the console, then an empty line, the
-/// prompt "Press Enter to Close", and the end of the process.
-extern "C" [[noreturn]] void EXITS();
 
 /// The end without a prompt.
 [[noreturn]] void endRun();

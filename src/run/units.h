@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "run/open_modes.h"
+#include "run/opener_settings.h"
 #include "run/platform.h"
 #include "text/text.h"
 
@@ -41,9 +42,6 @@ struct Unit {
 };
 
 inline constexpr int kUnitCount = 1000;
-
-/// Clears the table and numbers the units from the larger of 9 and `base`, plus 1.
-extern "C" void FILESINIT(int base);
 
 /// The lowest unit not in use, null if all are.
 Unit* freeUnit();
