@@ -9,7 +9,11 @@ add_tree_check(words Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/check_word
 
 # Another major version lays code out differently and warns of other things.
 set(clang_tools_version 14)
-foreach(tool format tidy)
+set(clang_tools format)
+if(VANTELGIS_TIDY)
+  list(APPEND clang_tools tidy)
+endif()
+foreach(tool IN LISTS clang_tools)
   find_program(CLANG_${tool} NAMES clang-${tool}-${clang_tools_version} clang-${tool})
   set(tool_version "")
   if(CLANG_${tool})
