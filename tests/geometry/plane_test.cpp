@@ -14,6 +14,7 @@ namespace {
 TEST(Plane, DistancesAreZeroBelowAMillionthAndNarrowOnlyDifferences) {
     EXPECT_EQ(DISTANCE(0, 0, 1e-7F, -1e-7F), 0);
     EXPECT_EQ(DISTANCE(1, 1, -2, 5), 5);
+    EXPECT_EQ(DISTANCE_8(0, 0, 1e-6, 0), 0x1.0c6f7ap-20F);
     EXPECT_EQ(DISTANCE_8(0, 0, 0, -1e-6), 0x1.0c6f7ap-20F);
     EXPECT_EQ(DISTANCE_8(0, 0, 12345.678, 9876.543), 0x1.ee1174p+13F);
     EXPECT_EQ(DISTANCE_8(6000000.125, 300000.0625, 6000000.5, 300000.5625), 0.625F);
@@ -27,18 +28,18 @@ TEST(Plane, AnglesAreTakenBetweenDirectionsFrom0To180) {
     EXPECT_EQ(ANGLE2D(0, 0, -1, 1, 0, 0, -1, -1), 90);  // 135 and -135 degrees
     EXPECT_EQ(ANGLE2D(0, 0, 0, 1, 0, 0, 1, 0), 0);
     // Below the limit in 64 bits, but not below its 32-bit neighbour.
-    EXPECT_EQ(ANGLE2D(0, 0, 9.9999999e-7, 9.9999999e-7, 0, 0, 1, 0), 0);
+    EXPECT_EQ(ANGLE2D(0, 0, 9.999999999e-7, 1e-6, 0, 0, 1, 0), 0);
 }
 
 TEST(Plane, SegmentsAndLinesCrossAsInExactArithmetic) {
     // The segments, their code, whether they meet, where their lines cross (0 if parallel).
     const float cases[][12] = {
-        {0, 0, 4, 4, 0, 4, 4, 0, 3, 1, 2, 2},     {0, 0, 4, 0, 0, 0, 0, 3, 4, 1, 0, 0},
-        {0, 0, 4, 0, 2, -3, 2, 0, 3, 1, 2, 0},    {0, 0, 4, 0, 2, 0, 2, 3, 1, 1, 2, 0},
-        {0, 0, 4, 0, 6, -1, 6, 1, 2, 0, 6, 0},    {6, -1, 6, 1, 0, 0, 4, 0, 1, 0, 6, 0},
-        {0, 0, 1, 0, 5, 5, 6, 7, 4, 0, 2.5, 0},   {0, 0, 4, 2, 0, 1, 4, 3, 0, 0, 0, 0},
-        {0, 0, 4, 2, 2, 1, 8, 4, -1, 1, 0, 0},    {2, 0, 2, 4, 6, 0, 6, 1, 0, 0, 0, 0},
-        {1, 1, 5, 3, 0, 4, 8, 0, 3, 1, 3.5, 2.25}};
+        {0, 0, 4, 4, 0, 4, 4, 0, 3, 1, 2, 2},      {0, 0, 4, 0, 0, 0, 0, 3, 4, 1, 0, 0},
+        {0, 0, 4, 0, 2, -3, 2, 0, 3, 1, 2, 0},     {0, 0, 4, 0, 2, 0, 2, 3, 1, 1, 2, 0},
+        {0, 0, 4, 0, 6, -1, 6, 1, 2, 0, 6, 0},     {6, -1, 6, 1, 0, 0, 4, 0, 1, 0, 6, 0},
+        {0, 0, 1, 0, 5, 5, 6, 7, 4, 0, 2.5, 0},    {0, 0, 4, 2, 0, 1, 4, 3, 0, 0, 0, 0},
+        {0, 0, 4, 2, 2, 1, 8, 4, -1, 1, 0, 0},     {2, 0, 2, 4, 6, 0, 6, 1, 0, 0, 0, 0},
+        {1, 1, 5, 3, 0, 4, 8, 0, 3, 1, 3.5, 2.25}, {1, 1, 5, 3, 3, 0, 3, 8, 3, 1, 3, 2}};
     for (const auto& [x1, y1, x2, y2, x3, y3, x4, y4, code, meet, x, y] : cases) {
         const double h = 6000000.5;  // so far out 32 bits have no room for the same figure
         float xi = 0, yi = 0;

@@ -33,7 +33,7 @@ struct Region {
         const int n = static_cast<int>(x.size()), count = static_cast<int>(ends.size());
         if (!narrow) return INSIDE_POLYGON_8(px, py, x.data(), y.data(), n, 0, ends.data(), count);
         const std::vector<float> fx(x.begin(), x.end()), fy(y.begin(), y.end());
-        const float pxf = static_cast<float>(px), pyf = static_cast<float>(py);
+        const auto pxf = static_cast<float>(px), pyf = static_cast<float>(py);
         return INSIDE_POLYGON(pxf, pyf, fx.data(), fy.data(), n, 0, ends.data(), count);
     }
 };
