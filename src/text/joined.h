@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <concepts>
 #include <cstddef>
-#include <cstring>
 #include <string_view>
 
 #include "text/number_field.h"
@@ -23,7 +22,7 @@ class Joined {
   private:
     void add(std::string_view text) {
         const std::size_t n = std::min(text.size(), N - length_);
-        std::memcpy(buffer_ + length_, text.data(), n);
+        std::copy_n(text.data(), n, buffer_ + length_);  // also fine with no text at all
         length_ += n;
     }
     void add(std::integral auto value) { add(std::string_view(IntegerText(value))); }
