@@ -2,16 +2,10 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 #include "run/platform.h"
-
-// The run-time would replace an argument such as *.mif by the names it fits. The user's shell here
-// leaves arguments alone, and so does this program.
-extern "C" {
-extern int _dowildcard;
-int _dowildcard = 0;
-}
 
 namespace vantelgis::platform {
 

@@ -1,12 +1,14 @@
 #include "support/in_process_run.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <random>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "driver/program.h"
@@ -20,34 +22,41 @@ namespace support {
 
 namespace {
 
-// An open scratch file without a name.
+// An open scratch file.
 class ScratchFile {
   public:
-    ScratchFile() {
-        char name[] = "/tmp/vantelgis-test-XXXXXX";
-        descriptor_ = mkstemp(name);
+    ScratchFile()
+        : name_((std::filesystem::temp_directory_path() / "vantelgis-test-XXXXXX").string()),
+          descriptor_(mkstemp(name_.data())) {
         if (descriptor_ < 0) throw std::runtime_error("no scratch file");
-        unlink(name);
     }
-    ~ScratchFile() { close(descriptor_); }
+    ~ScratchFile() {
+        close(descriptor_);
+        std::remove(name_.c_str());
+    }
     ScratchFile(const ScratchFile&) = delete;
     ScratchFile& operator=(const ScratchFile&) = delete;
 
     void set(std::string_view text) const {
+        lseek(descriptor_, 0, SEEK_SET);
+        const auto size = static_cast<unsigned>(text.size());
         if (ftruncate(descriptor_, 0) != 0 ||
-            pwrite(descriptor_, text.data(), text.size(), 0) != static_cast<ssize_t>(text.size()))
+            std::cmp_not_equal(write(descriptor_, text.data(), size), size))
             throw std::runtime_error("scratch file not written");
         lseek(descriptor_, 0, SEEK_SET);
     }
     [[nodiscard]] std::string get() const {
-        std::string text(static_cast<std::size_t>(lseek(descriptor_, 0, SEEK_END)), '\0');
-        if (pread(descriptor_, text.data(), text.size(), 0) != static_cast<ssize_t>(text.size()))
+        const auto size = static_cast<unsigned>(lseek(descriptor_, 0, SEEK_END));
+        std::string text(size, '\0');
+        lseek(descriptor_, 0, SEEK_SET);
+        if (std::cmp_not_equal(read(descriptor_, text.data(), size), size))
             throw std::runtime_error("scratch file not read");
         return text;
     }
     [[nodiscard]] int descriptor() const { return descriptor_; }
 
   private:
+    std::string name_;
     int descriptor_;
 };
 
@@ -105,9 +114,9 @@ WorkFolder::WorkFolder() : before_(std::filesystem::current_path()) {
     // In memory where there is such a folder: a disk can take milliseconds for each file.
     const std::filesystem::path memory = "/dev/shm";
     const auto base = is_directory(memory) ? memory : std::filesystem::temp_directory_path();
-    std::string name = (base / "vantelgis-test-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no work folder");
-    folder_ = name;
+    do {
+        folder_ = base / ("vantelgis-test-" + std::to_string(std::random_device{}()));
+    } while (!create_directory(folder_));
     std::filesystem::current_path(folder_);
 }
 
