@@ -7,9 +7,7 @@
 #include "gis/shp/files.h"
 #include "gis/shp/writer.h"
 #include "run/console.h"
-#include "run/opener.h"
 #include "run/stop.h"
-#include "run/unit_writing.h"
 #include "text/paths.h"
 #include "text/strings.h"
 
@@ -35,17 +33,12 @@ bool isOutput(std::string_view mode) {
     stopShouldNotBeHere("OpenGIS");
 }
 
-void closeIfOpen(int& unit) {
-    if (unit > 0) CLOSER(unit);
-}
-
 // The files of a MapInfo layer are complete as they stand; all that is left is to hand them over.
-void finishMif(const mifL_& mif) {
-    if (!flushUnit(mif.mifUnit)) gisStop("ERROR 0439 - Writing .mif file object coordinates.");
-    if (!flushUnit(mif.midUnit)) {
-        gisStop("ERROR 0254 - Failed to write attribute data record for a ", gisO_.objName,
-                " object in GIS layer.");
-    }
+void closeMif(mifL_& mif) {
+    gisCloseFile(mif.mifUnit, "ERROR 0439 - Writing .mif file object coordinates.");
+    gisCloseFile(mif.midUnit,
+                 MessageLine("ERROR 0254 - Failed to write attribute data record for a ",
+                             gisO_.objName, " object in GIS layer."));
 }
 
 // The last part of writing a layer, with what only the end of a run can know.
@@ -56,7 +49,6 @@ void gisWriteEoF(int gisID) {
         EXITS();
     }
     GisLayer& layer = gisLayer(gisID);
-    if (layer.kind == GisKind::mif) finishMif(layer.mif);
     if (layer.kind == GisKind::shp) shpFinishLayer(layer);
 }
 
@@ -132,10 +124,7 @@ void gisCloseLayer(int& gisID) {
     consoleLine(" Closing GIS Layer ", gisID, " [", layer.name, "]...");
     if (layer.writing) gisWriteEoF(gisID);
     switch (layer.kind) {
-        case GisKind::mif:
-            closeIfOpen(layer.mif.mifUnit);
-            closeIfOpen(layer.mif.midUnit);
-            break;
+        case GisKind::mif: closeMif(layer.mif); break;
         case GisKind::shp: shpCloseFiles(layer); break;
         default: stopShouldNotBeHere("gisCloseLayer");
     }

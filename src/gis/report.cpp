@@ -1,6 +1,7 @@
 #include "gis/report.h"
 
 #include "run/console.h"
+#include "run/opener.h"
 
 namespace vantelgis {
 
@@ -19,6 +20,10 @@ void gisSetMessage(std::string_view line1, std::string_view line2, std::string_v
     gisMsg[1] = line2;
     gisMsg[2] = line3;
     gisMsg[3] = line4;
+}
+
+void gisCloseFile(int& unit, std::string_view failure) {
+    if (unit > 0 && !closeUnit(unit)) gisStop(failure);
 }
 
 void gisCheckNodes(std::int64_t requested, std::int32_t limit, std::string_view what) {

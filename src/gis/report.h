@@ -30,6 +30,10 @@ template <typename... Parts>
     EXITS();
 }
 
+/// Closes the file of a unit, if it is above 0. Stops with `failure` when what was written to it
+/// may be lost.
+void gisCloseFile(int& unit, std::string_view failure);
+
 /// The node limit of every reader: stops with ERROR 0310 when `requested` is above `limit`. `what`
 /// is "polyline or region" with the format's own word before it where it has one.
 void gisCheckNodes(std::int64_t requested, std::int32_t limit, std::string_view what);

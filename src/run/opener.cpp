@@ -131,16 +131,18 @@ void OPENER(int& unit, TextRef name, std::string_view mode, std::string_view lab
 }
 
 void CLOSER(int& unit) {
-    Unit* const slot = findUnit(unit);
-    if (slot == nullptr || !slot->used) return;
-    const bool hadFile = slot->file != nullptr;
-    const bool ownerReports = hadFile && slot->file->ownerReports;
     const Path name = unitName(unit);
-    const bool written = closeFileOf(*slot);
+    if (!closeUnit(unit)) stopWritingFile(name);
+}
+
+bool closeUnit(int& unit) {
+    Unit* const slot = findUnit(unit);
+    if (slot == nullptr || !slot->used) return true;
     slot->used = false;
-    if (!written && !ownerReports) stopWritingFile(name);
+    if (!closeFileOf(*slot)) return false;
     openerUnitLine("...Closed File Unit:", unit);
     unit = 0;
+    return true;
 }
 
 int LENSL(char* text, int capacity) {

@@ -23,6 +23,10 @@ extern "C" void OPENER(int& unit, TextRef name, std::string_view mode, std::stri
 /// unit that is not in use is left alone.
 extern "C" void CLOSER(int& unit);
 
+/// The same for a file whose owner has a message of its own: false, with no line, when what was
+/// written to it may be lost.
+[[nodiscard]] bool closeUnit(int& unit);
+
 /// The length of `text` up to its last character that is neither blank nor the zero byte, within
 /// `capacity`. If it is below `capacity` the character behind becomes the zero byte.
 int LENSL(char* text, int capacity);

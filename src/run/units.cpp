@@ -36,6 +36,8 @@ OpenerSettings openerSettings;
 void FILESINIT(int base) {
     openerSettings = {};
     table.base = std::max(kLowestBase, base);
+    table.spares.clear();
+    table.spares.reserve(kUnitCount);  // so that closing a file needs no memory
     for (int k = 0; k < kUnitCount; ++k) {
         Unit& unit = table.units[k];
         static_cast<void>(closeFileOf(unit));

@@ -22,7 +22,8 @@ memory::Files cleanResult(const SampleRun& run) {
     memory::system = {};
     memory::system.files = run.files;
     memory::Files result = filesOfRun(run);
-    EXPECT_NE(memory::system.console.find("\nFinished.\n"), std::string::npos) << run.name;
+    EXPECT_NE(memory::system.console.find("\nFinished.\n"), std::string::npos)
+        << run.name << memory::system.console;
     return result;
 }
 
@@ -31,40 +32,52 @@ constexpr std::string_view kBarePrompt = "\nEnter command<CR> or <CR> to continu
 
 // What a run says, at the start of a line, when an operation on a file fails; then it stops.
 struct Rule {
-    std::string_view ending;  // of the file's name
-    bool output;
+    std::string_view ending;   // of the file's name
     std::string_view from;     // what stands in the file where the rule begins to hold
     std::string_view message;  // its first part
 };
 constexpr std::string_view kDbfEndOfHeader = "\r ";
 constexpr Rule kReading[] = {
-    {"s.mif", false, "", "ERROR 0315 - Could not find start of attribute definitions in .mif file"},
-    {"s.mif", false, "  Z ", "ERROR 0316 - Could not read attribute definitions in .mif file"},
-    {"s.mif", false, "  Value ", "ERROR 0316 - Could not read attribute definitions in .mif file"},
-    {"s.mif", false, "Data", "ERROR 0313 - Could not find start of \"Data\" block in .mif file."},
-    {"s.mif", false, "\r\nP", "ERROR 0321 - Reading .mif file object type."},
-    {"s.mif", false, "0 0\r\n10", "ERROR 0308 - Reading .mif file.  Check file format"},
-    {"s.mif", false, "Region 1", "ERROR 0321 - Reading .mif file object type."},
-    {"s.mif", false, " 2\r\n3 3", "ERROR 0308 - Reading .mif file.  Check file format"},
-    {"s.mif", false, "Point 0", "ERROR 0321 - Reading .mif file object type."},
-    {"s.mif", false, "3 4\r\n", "ERROR 0308 - Reading .mif file.  Check file format"},
-    {"s.mif", false, "Point 5", "ERROR 0321 - Reading .mif file object type."},
-    {".mid", false, "", "ERROR 0254 - Failed to read object attribute data record for a "},
-    {".shp", false, "", "ERROR 0427 - Reading .shp file header."},
-    {".dbf", false, "", "ERROR 0403 - Reading .dbf file header."},
-    {".dbf", false, kDbfEndOfHeader, "ERROR 0407 - Reading .dbf record."},
-    {".12da", false, "", "WARNING - Problems finding start of data in .12da file"},
-    {".12da", false, "string 3d {", "ERROR - Reading file site.12da"},
+    {"s.mif", "", "ERROR 0315 - Could not find start of attribute definitions in .mif file"},
+    {"s.mif", "  Z ", "ERROR 0316 - Could not read attribute definitions in .mif file"},
+    {"s.mif", "  Value ", "ERROR 0316 - Could not read attribute definitions in .mif file"},
+    {"s.mif", "Data", "ERROR 0313 - Could not find start of \"Data\" block in .mif file."},
+    {"s.mif", "\r\nP", "ERROR 0321 - Reading .mif file object type."},
+    {"s.mif", "0 0\r\n10", "ERROR 0308 - Reading .mif file.  Check file format"},
+    {"s.mif", "Region 1", "ERROR 0321 - Reading .mif file object type."},
+    {"s.mif", " 2\r\n3 3", "ERROR 0308 - Reading .mif file.  Check file format"},
+    {"s.mif", "Point 0", "ERROR 0321 - Reading .mif file object type."},
+    {"s.mif", "3 4\r\n", "ERROR 0308 - Reading .mif file.  Check file format"},
+    {"s.mif", "Point 5", "ERROR 0321 - Reading .mif file object type."},
+    {".mid", "", "ERROR 0254 - Failed to read object attribute data record for a "},
+    {".shp", "", "ERROR 0427 - Reading .shp file header."},
+    {".dbf", "", "ERROR 0403 - Reading .dbf file header."},
+    {".dbf", kDbfEndOfHeader, "ERROR 0407 - Reading .dbf record."},
+    {".12da", "", "WARNING - Problems finding start of data in .12da file"},
+    {".12da", "string 3d {", "ERROR - Reading file site.12da"},
 };
-constexpr Rule kWriting[] = {
-    {".12da", true, "", "ERROR - Writing file "},
-    {".csv", true, "", "ERROR - Writing file "},
-    {".mif", true, "", "ERROR 0439 - Writing .mif file object coordinates."},
-    {".mid", true, "", "ERROR 0254 - Failed to write attribute data record for a "},
-    {".prj", true, "", "ERROR 0437 - Writing .shp file header."},
-    {".shp", true, "", "ERROR 0437 - Writing .shp file header."},
-    {".shx", true, "", "ERROR 0437 - Writing .shp file header."},
-    {".dbf", true, "", "ERROR 0413 - Writing .dbf file header."},
+// The same for everything that goes wrong with an output.
+struct OutputRule {
+    std::string_view ending;
+    std::string_view message;
+};
+constexpr std::string_view kRewriting =
+    "ERROR 0413 - Rewriting .dbf file header with final information.";
+constexpr OutputRule kWriting[] = {
+    {".12da", "ERROR - Writing file "},
+    {".csv", "ERROR - Writing file "},
+    {".mif", "ERROR 0439 - Writing .mif file object coordinates."},
+    {".mid", "ERROR 0254 - Failed to write attribute data record for a "},
+    {".prj", "ERROR 0437 - Writing .shp file header."},
+    {".shp", "ERROR 0437 - Writing .shp file header."},
+    {".shp", "ERROR 0439 - Writing .shp file object coordinates."},
+    {".shp", kRewriting},
+    {".shx", "ERROR 0437 - Writing .shp file header."},
+    {".shx", "ERROR 0439 - Writing .shp file object coordinates."},
+    {".shx", kRewriting},
+    {".dbf", "ERROR 0413 - Writing .dbf file header."},
+    {".dbf", "ERROR 0417 - Writing .dbf record."},
+    {".dbf", kRewriting},
 };
 
 bool stopsWith(std::string_view message, std::string_view prompt) {
@@ -90,7 +103,7 @@ std::string_view shapeMessage(std::string_view bytes, std::size_t place, std::si
                : "ERROR 0424 - Reading .shp file object type.";
 }
 
-bool stopsAsTold(std::span<const Rule> rules) {
+bool readFaultIsTold() {
     const Use& failed = memory::system.failed;
     const std::string& bytes = memory::system.files[failed.name];
     const auto place = static_cast<std::size_t>(failed.position);
@@ -104,10 +117,33 @@ bool stopsAsTold(std::span<const Rule> rules) {
     if (memory::system.console.find("\nFile 1: ") == std::string::npos)
         return stopsWith("ERROR - Reading data\n", kBarePrompt);  // reading the projection
     const Rule* holds = nullptr;
-    for (const Rule& rule : rules) {
+    for (const Rule& rule : kReading) {
         if (failed.name.ends_with(rule.ending) && bytes.find(rule.from) <= place) holds = &rule;
     }
     return holds != nullptr && stopsWith(holds->message, kPromptToClose);
+}
+
+// Any of the messages that `rules` has for the file of the fault.
+template <typename Rules>
+bool stopsWithOneOf(const Rules& rules) {
+    return std::any_of(std::begin(rules), std::end(rules), [](const auto& rule) {
+        return memory::system.failed.name.ends_with(rule.ending) &&
+               stopsWith(rule.message, kPromptToClose);
+    });
+}
+
+bool openFaultIsTold() {
+    const std::string name = memory::system.failed.name;
+    if (!memory::system.failed.forOutput)
+        return stopsWith("ERROR - Can't open file: " + name + "\n", kPromptToClose);
+    return stopsWith("\n Can't open: " + name + "\n\n", kPromptToClose) &&
+           stopsWith("ERROR - End of File encountered\n", kPromptToClose);
+}
+
+bool otherFaultIsTold() {
+    if (memory::system.failed.operation == Operation::open) return openFaultIsTold();
+    if (memory::system.failed.forOutput) return stopsWithOneOf(kWriting);
+    return stopsWithOneOf(kReading);
 }
 
 // How the run ended, for the report of a failed test.
@@ -132,7 +168,47 @@ TEST(AFaultOnDisk, AtAnyReadIsToldInTheWordsOfItsPlace) {
             if (!memory::system.faultMet) break;
             if (memory::system.failed.operation != Operation::read) continue;
             if (files == expected) continue;  // it lies behind all that was needed
-            EXPECT_TRUE(stopsAsTold(kReading)) << endOfRun(run);
+            EXPECT_TRUE(readFaultIsTold()) << endOfRun(run);
+        }
+    }
+}
+
+void failEachUse(const SampleRun& run, bool faultStays) {
+    const memory::Files expected = cleanResult(run);
+    for (std::int64_t n = 0;; ++n) {
+        memory::system = {};
+        memory::system.files = run.files;
+        memory::system.faultAt = n;
+        memory::system.faultStays = faultStays;
+        const memory::Files files = filesOfRun(run);
+        if (!memory::system.faultMet) break;
+        if (memory::system.failed.operation == Operation::read) continue;
+        if (files == expected) continue;  // nothing was lost
+        EXPECT_TRUE(otherFaultIsTold()) << endOfRun(run);
+    }
+}
+
+TEST(AFaultOfTheSystem, IsToldInTheWordsOfItsFile) {
+    for (const SampleRun& run : sampleRuns()) {
+        failEachUse(run, false);
+        failEachUse(run, true);
+    }
+    for (const SampleRun& run : largeRuns()) failEachUse(run, false);
+}
+
+TEST(AnOutputThatCannotBeOpened, IsWaitedFor) {
+    for (const SampleRun& run : sampleRuns()) {
+        const memory::Files expected = cleanResult(run);
+        for (std::int64_t n = 0;; ++n) {
+            memory::system = {};
+            memory::system.files = run.files;
+            memory::system.typed = "\n";
+            memory::system.faultAt = n;
+            const memory::Files files = filesOfRun(run);
+            if (!memory::system.faultMet) break;
+            const Use& failed = memory::system.failed;
+            if (failed.operation != Operation::open || !failed.forOutput) continue;
+            EXPECT_EQ(files, expected) << endOfRun(run);
         }
     }
 }

@@ -81,7 +81,7 @@ std::vector<SampleRun> makeLargeRuns() {
          "model \"m\"\r\nstring 3d {\r\n name \"A\"\r\n data {\r\n" + vertices + " }\r\n}\r\n"},
         {"Header.mif", kMifHeader},
         {"Header.prj", kPrj}};
-    const std::string head = "Columns 1\r\n  Z Float\r\nData\r\n\r\n";
+    const std::string head = kMifHeader + "Columns 1\r\n  Z Float\r\nData\r\n\r\n";
     const memory::Files mif{
         {"Header.mif", kMifHeader},
         {"lines.mif", head + "Pline 12000\r\n" + repeated("1 2\r\n2 3\r\n", nodes / 2)},

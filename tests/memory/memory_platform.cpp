@@ -22,6 +22,18 @@ struct Stream {
 };
 std::vector<Stream> streams;
 
+// Marks what the platform does, in a routine that allocates, as not done by the program.
+class Aside {
+  public:
+    Aside() : programRan_(system.programRuns) { system.programRuns = false; }
+    ~Aside() { system.programRuns = programRan_; }
+    Aside(const Aside&) = delete;
+    Aside& operator=(const Aside&) = delete;
+
+  private:
+    bool programRan_;
+};
+
 std::string keyOf(std::string_view name) {
     if (name.starts_with("./") || name.starts_with(".\\")) name.remove_prefix(2);
     std::string key{name};
@@ -58,6 +70,11 @@ bool fails(Operation operation, const Stream& stream) {
     return fails(operation, stream.name, stream.position, stream.access != platform::Access::read);
 }
 
+// What a system that fails to keep its promise leaves of a file.
+void loseHalf(std::string& bytes) {
+    bytes.resize(bytes.size() / 2);
+}
+
 std::size_t bytesStored() {
     std::size_t sum = 0;
     for (const auto& [name, bytes] : system.files) sum += bytes.size();
@@ -80,6 +97,7 @@ using memory::streamOf;
 using memory::system;
 
 FileHandle openFile(std::string_view name, Access access, Sharing /*sharing*/) {
+    const memory::Aside aside;
     const std::string key = memory::keyOf(name);
     const bool reads = access == Access::read;
     if (memory::fails(Operation::open, key, 0, !reads)) return kNoFile;
@@ -97,13 +115,16 @@ FileHandle openFile(std::string_view name, Access access, Sharing /*sharing*/) {
 }
 
 bool closeFile(FileHandle file) {
+    const memory::Aside aside;
     Stream& stream = streamOf(file);
     const bool failed = memory::fails(Operation::close, stream);
+    if (failed && stream.access != Access::read) memory::loseHalf(*stream.bytes);
     stream.bytes = nullptr;
     return !failed;
 }
 
 std::int64_t readFile(FileHandle file, char* out, std::size_t size) {
+    const memory::Aside aside;
     Stream& stream = streamOf(file);
     if (memory::fails(Operation::read, stream)) return -1;
     const std::size_t start = std::min(stream.position, stream.bytes->size());
@@ -114,6 +135,7 @@ std::int64_t readFile(FileHandle file, char* out, std::size_t size) {
 }
 
 bool writeFile(FileHandle file, const char* bytes, std::size_t size) {
+    const memory::Aside aside;
     Stream& stream = streamOf(file);
     if (memory::fails(Operation::write, stream)) return false;
     const std::size_t end = stream.position + size;
@@ -129,6 +151,7 @@ bool writeFile(FileHandle file, const char* bytes, std::size_t size) {
 }
 
 bool seekFile(FileHandle file, std::int64_t position) {
+    const memory::Aside aside;
     Stream& stream = streamOf(file);
     if (position < 0 || memory::fails(Operation::seek, stream)) return false;
     stream.position = static_cast<std::size_t>(position);
@@ -150,6 +173,7 @@ std::int64_t fileSize(FileHandle file) {
 }
 
 bool fileExists(std::string_view name) {
+    const memory::Aside aside;
     return system.files.contains(memory::keyOf(name));
 }
 
@@ -159,6 +183,7 @@ bool inputExists(std::string_view name) {
 
 // Nodes of the map stay where they are.
 bool identify(std::string_view name, FileIdentity& identity) {
+    const memory::Aside aside;
     const auto found = system.files.find(memory::keyOf(name));
     if (found == system.files.end()) return false;
     identity.index = reinterpret_cast<std::uintptr_t>(&found->second);
@@ -178,6 +203,7 @@ std::size_t readStandardInput(char* out, std::size_t size) {
 }
 
 void writeStandardOutput(const char* bytes, std::size_t size) {
+    const memory::Aside aside;
     system.console.append(bytes, size);
 }
 

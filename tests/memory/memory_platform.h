@@ -31,6 +31,8 @@ struct System {
     std::size_t mostPerRead = std::numeric_limits<std::size_t>::max();  ///< bytes given at once
     std::size_t diskSize = std::numeric_limits<std::size_t>::max();     ///< bytes of all files
 
+    bool programRuns = false;  ///< what is done now is the program's, not the platform's
+
     std::int64_t uses = 0;      ///< operations used so far
     std::int64_t faultAt = -1;  ///< the number of the use that fails, from 0
     bool faultStays = false;    ///< the operation keeps failing there, as on a bad disk

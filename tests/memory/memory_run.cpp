@@ -11,9 +11,11 @@ void runProgramInMemory(std::span<const std::string_view> arguments) {
     std::vector<std::string_view> all{"vantelgis"};
     all.insert(all.end(), arguments.begin(), arguments.end());
     support::freshStart();
+    system.programRuns = true;
     try {
         runProgram(all);
     } catch (const support::ProcessEnd&) {
+        system.programRuns = false;
         closeAllFiles();
     }
 }

@@ -1,22 +1,21 @@
-#include <algorithm>
+#include <cstring>
 #include <limits>
 #include <string_view>
 
 #include "gis/dbf/record_split.h"
 #include "gis/dbf/writer.h"
 #include "gis/report.h"
-#include "run/opener.h"
 #include "run/unit_writing.h"
 
 namespace vantelgis {
 
 namespace {
 
-constexpr char kActive = ' ';
+constexpr char kBlank = ' ';
 constexpr char kEndMark = 26;
 
 // Shared by all tables: an item that a line leaves out is that of the record before.
-RecordItem lastItems[kMaxDbfFields];
+RecordItems lastItems;
 
 [[noreturn]] void stopAboutRecord() {
     gisStop("ERROR 0417 - Writing .dbf record.");
@@ -30,14 +29,11 @@ RecordItem lastItems[kMaxDbfFields];
     EXITS();
 }
 
-char* placeField(char* out, std::string_view item, std::int32_t width, char type) {
-    const auto w = static_cast<std::size_t>(width);
-    const std::string_view value = withoutTrailingBlanks(item.substr(0, w));
+// Puts an item into its field, which is blank as yet.
+void placeField(char* field, std::string_view item, std::size_t width, char type) {
+    const std::string_view value = withoutTrailingBlanks(item.substr(0, width));
     const bool left = type == 'C' || type == 'c';
-    if (!left) out = std::fill_n(out, w - value.size(), ' ');
-    out = std::copy(value.begin(), value.end(), out);
-    if (left) out = std::fill_n(out, w - value.size(), ' ');
-    return out;
+    std::memcpy(left ? field : field + width - value.size(), value.data(), value.size());
 }
 
 }  // namespace
@@ -53,17 +49,24 @@ void dbfWriteRecord(dbfL_& dbf) {
 
 void dbfdataline(const dbfL_& dbf) {
     const auto n = static_cast<std::size_t>(dbf.nFields);
-    char* out = reserve(dbf.dbfUnit, static_cast<std::size_t>(dbf.recordLength) + 1);
-    *out++ = kActive;
-    if (!dbfSplitRecord(gisDataLine, {lastItems, n})) stopUnsplit();
-    for (std::size_t i = 0; i < n; ++i)
-        out = placeField(out, lastItems[i], dbf.fieldWidth[i], dbf.fieldType[i]);
-    commit(dbf.dbfUnit, out);
-    if (writeFailed(dbf.dbfUnit)) stopAboutRecord();
+    const std::size_t size = static_cast<std::size_t>(dbf.recordLength) + 1;
+    if (!dbfSplitRecord(gisDataLine, n, lastItems)) stopUnsplit();
+    OpenFile& file = makeRoom(dbf.dbfUnit, size);
+    char* out = file.buffer + file.end;
+    file.end += size;
+    std::memset(out, kBlank, size);  // the mark of an active record is a blank too
+    ++out;
+    for (std::size_t i = 0; i < n; ++i) {
+        const auto width = static_cast<std::size_t>(dbf.fieldWidth[i]);
+        placeField(out, lastItems.items[i], width, dbf.fieldType[i]);
+        out += width;
+    }
+    if (file.failed) stopAboutRecord();
 }
 
 void dbfForgetItems() {
-    for (RecordItem& item : lastItems) item.clear();
+    for (RecordItem& item : lastItems.items) item.clear();
+    lastItems.itemsOfRest = {};
 }
 
 void dbfFinish(dbfL_& dbf) {
@@ -71,9 +74,10 @@ void dbfFinish(dbfL_& dbf) {
     put(dbf.dbfUnit, {&kEndMark, 1});
     if (!flushUnit(dbf.dbfUnit)) stopAboutRecord();
     const auto count = bytesOf(dbf.recordNo, std::endian::little);
-    if (!patchBytes(dbf.dbfUnit, kCountOffset, {count.data(), count.size()}))
-        gisStop("ERROR 0413 - Rewriting .dbf file header with final information.");
-    CLOSER(dbf.dbfUnit);
+    constexpr std::string_view kFailure =
+        "ERROR 0413 - Rewriting .dbf file header with final information.";
+    if (!patchBytes(dbf.dbfUnit, kCountOffset, {count.data(), count.size()})) gisStop(kFailure);
+    gisCloseFile(dbf.dbfUnit, kFailure);
 }
 
 }  // namespace vantelgis

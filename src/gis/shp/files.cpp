@@ -56,8 +56,9 @@ const Family& familyOf(char letter) {
     stopAtInternalFault("OpenshpFileType");
 }
 
+// What is still open of a set when its layer is closed holds nothing but a header.
 void closeIfOpen(int& unit) {
-    if (unit > 0) CLOSER(unit);
+    gisCloseFile(unit, "ERROR 0437 - Writing .shp file header.");
 }
 
 }  // namespace

@@ -2,12 +2,15 @@
 #include "gis/report.h"
 #include "gis/shp/bytes.h"
 #include "gis/shp/writer.h"
-#include "run/opener.h"
 #include "run/unit_writing.h"
 
 namespace vantelgis {
 
 namespace {
+
+// One message serves for the headers of all files.
+constexpr std::string_view kFailure =
+    "ERROR 0413 - Rewriting .dbf file header with final information.";
 
 // Puts the length of the file, in 16-bit words, and the box of all objects into a main header.
 void finishHeader(int unit, std::int32_t fileWords, const shpL_& shp) {
@@ -20,10 +23,9 @@ void finishHeader(int unit, std::int32_t fileWords, const shpL_& shp) {
     out = placeLittle(out, shp.yMin);
     out = placeLittle(out, shp.xMax);
     placeLittle(out, shp.yMax);
-    // One message serves for all headers.
     if (!patchBytes(unit, kLengthOffset, {length.data(), length.size()}) ||
         !patchBytes(unit, kBoxOffset, {box, sizeof box}))
-        gisStop("ERROR 0413 - Rewriting .dbf file header with final information.");
+        gisStop(kFailure);
 }
 
 void finishSet(shpL_& shp, dbfL_& dbf) {
@@ -33,12 +35,12 @@ void finishSet(shpL_& shp, dbfL_& dbf) {
     if (shp.nObjects < 1) return;
     if (shp.shpUnit > 0) {
         finishHeader(shp.shpUnit, shp.fileLength, shp);
-        CLOSER(shp.shpUnit);
-        CLOSER(shp.shpUnitBE);
+        gisCloseFile(shp.shpUnit, kFailure);
+        gisCloseFile(shp.shpUnitBE, kFailure);
     }
     if (shp.shxUnitBE > 0) {
         finishHeader(shp.shxUnitBE, shp.nObjects * kShxRecordWords + kHeaderWords, shp);
-        CLOSER(shp.shxUnitBE);
+        gisCloseFile(shp.shxUnitBE, kFailure);
     }
 }
 

@@ -4,7 +4,6 @@
 #include "gis/report.h"
 #include "gis/shp/bytes.h"
 #include "gis/shp/writer.h"
-#include "run/opener.h"
 #include "run/unit_writing.h"
 
 namespace vantelgis {
@@ -13,15 +12,13 @@ namespace {
 
 constexpr std::int32_t kHeaderWords = 50;
 
-[[noreturn]] void stopAboutHeader() {
-    gisStop("ERROR 0437 - Writing .shp file header.");
-}
+constexpr std::string_view kFailure = "ERROR 0437 - Writing .shp file header.";
 
 void writeProjection(shpL_& shp) {
     if (shp.prjUnit <= 0) return;
     putLine(shp.prjUnit, gisShpProjCS);
-    if (!flushUnit(shp.prjUnit)) stopAboutHeader();
-    CLOSER(shp.prjUnit);
+    if (!flushUnit(shp.prjUnit)) gisStop(kFailure);
+    gisCloseFile(shp.prjUnit, kFailure);
 }
 
 // The smallest box there is: any object widens it. Its numbers are those of 32-bit floats.
@@ -36,7 +33,7 @@ void startBox(shpL_& shp) {
 void shpWriteHeader(shpL_& shp, int unit, int twin) {
     constexpr std::size_t kHeaderBytes = 100;
     if (unit <= 0 || twin <= 0) stopShouldNotBeHere("shpnotopen");
-    if (!emptyUnit(unit)) stopAboutHeader();
+    if (!emptyUnit(unit)) gisStop(kFailure);
     shp.fileCode = 9994;
     shp.fileLength = kHeaderWords;
     shp.version = 1000;
@@ -52,7 +49,7 @@ void shpWriteHeader(shpL_& shp, int unit, int twin) {
     out = placeLittle(out, shp.yMax);
     out = placeZeros(out, 32);  // the ranges of Z and M
     commit(unit, out);
-    if (!flushUnit(unit)) stopAboutHeader();
+    if (!flushUnit(unit)) gisStop(kFailure);
 }
 
 void shpWriteLayerHeaders(GisLayer& layer) {
@@ -62,7 +59,7 @@ void shpWriteLayerHeaders(GisLayer& layer) {
         writeProjection(shp);
         shpWriteHeader(shp, shp.shpUnit, shp.shpUnitBE);
         shpWriteHeader(shp, shp.shxUnitBE, shp.shxUnit);
-        CLOSER(shp.shxUnit);
+        gisCloseFile(shp.shxUnit, kFailure);
         shp.offset = kHeaderWords;
         startBox(shp);
         dbfWriteHeader(gisA_, layer.dbf[k]);
