@@ -128,6 +128,7 @@ struct Recipe {
 };
 constexpr Recipe kRecipes[] = {
     {"mif-lines", mifLines},
+    {"shp-lines", bench::shapefileLines},
     {"archive-3d", bench::archiveOf3dStrings},
     {"archive-super", bench::archiveOfSuperStrings},
     {"archive-longest", bench::archiveOfLongestString},

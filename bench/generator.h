@@ -80,4 +80,8 @@ std::int64_t archiveOf3dStrings(const std::string& folder);
 std::int64_t archiveOfSuperStrings(const std::string& folder);
 std::int64_t archiveOfLongestString(const std::string& folder);
 
+// lines.shp with its .shx and .dbf: 100,000 polylines of 20 to 60 nodes, two attributes. Gives the
+// nodes.
+std::int64_t shapefileLines(const std::string& folder);
+
 }  // namespace bench
