@@ -23,8 +23,10 @@ GisLayer& usableLayer(int gisID, std::string_view operation) {
                     SUPPORT_ADDRESS, ".");
         EXITS();
     }
-    if (gisID > kMaxLayers || gisLayer(gisID).kind == GisKind::none) stopShouldNotBeHere(operation);
-    return gisLayer(gisID);
+    if (gisID > kMaxLayers) stopShouldNotBeHere(operation);
+    GisLayer& layer = gisLayer(gisID);
+    if (layer.kind == GisKind::none) stopShouldNotBeHere(operation);
+    return layer;
 }
 
 [[noreturn]] void stopAboutRecord(std::string_view failure, const GisObject& object) {

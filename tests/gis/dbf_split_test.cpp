@@ -2,17 +2,23 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "gis/dbf/record_split.h"
 
 namespace vantelgis {
 namespace {
 
+// The first `n` items, each behind a bar.
+std::string joined(const RecordItems& split, std::size_t n) {
+    std::string text;
+    for (std::size_t i = 0; i < n; ++i) text += "|" + std::string(split.items[i].view());
+    return text;
+}
+
 TEST(DbfSplit, FollowsTheRulesOfAList) {
     const struct {
         std::string_view line;
-        std::string_view items;  // of three, each behind a bar; before the split they are 1, 2, 3
+        std::string_view items;  // before the split they are 1, 2, 3
     } rows[] = {
         {"a,b,c", "|a|b|c"},
         {"  a  b , c ,d", "|a|b|c"},
@@ -35,22 +41,38 @@ TEST(DbfSplit, FollowsTheRulesOfAList) {
         {"12 3.4*5 c", "|12|3.4*5|c"},
     };
     for (const auto& row : rows) {
-        std::vector<RecordItem> items{"1", "2", "3"};
-        EXPECT_TRUE(dbfSplitRecord(row.line, items));
-        std::string found;
-        for (const RecordItem& item : items) found += "|" + std::string(item.view());
-        EXPECT_EQ(found, row.items) << row.line;
+        RecordItems split;
+        EXPECT_TRUE(dbfSplitRecord("1,2,3", 3, split));
+        EXPECT_TRUE(dbfSplitRecord(row.line, 3, split));
+        EXPECT_EQ(joined(split, 3), row.items) << row.line;
     }
-    std::vector<RecordItem> one(1);
-    EXPECT_FALSE(dbfSplitRecord("0*a", one));
+    RecordItems split;
+    EXPECT_FALSE(dbfSplitRecord("0*a", 1, split));
+}
+
+TEST(DbfSplit, KeepsWhatStandsBehindAnEqualRest) {
+    // Lines for tables of different widths, one behind the other.
+    const struct {
+        std::string_view line;
+        std::size_t n;
+        std::string_view items;
+    } rows[] = {
+        {"a,b,c,d", 3, "|a|b|c"},     {"x,b,c,d", 3, "|x|b|c"}, {"y,b,c,d", 4, "|y|b|c|d"},
+        {"2*z,b,c,d", 4, "|z|z|b|c"}, {"q,b,c,d", 3, "|q|b|c"}, {",b,c,d", 3, "|q|b|c"},
+        {"r", 3, "|r|b|c"},           {"s,5", 3, "|s|5|c"},     {"t", 3, "|t|5|c"},
+    };
+    RecordItems split;
+    for (const auto& row : rows) {
+        EXPECT_TRUE(dbfSplitRecord(row.line, row.n, split));
+        EXPECT_EQ(joined(split, row.n), row.items) << row.line;
+    }
 }
 
 TEST(DbfSplit, CutsAnItemAtItsCapacity) {
-    std::vector<RecordItem> items(2);
+    RecordItems split;
     const std::string longText(300, 'x');
-    EXPECT_TRUE(dbfSplitRecord(longText + ",'" + longText + "'", items));
-    EXPECT_EQ(items[0].view(), longText.substr(0, 256));
-    EXPECT_EQ(items[1].view(), longText.substr(0, 256));
+    EXPECT_TRUE(dbfSplitRecord(longText + ",'" + longText + "'", 2, split));
+    EXPECT_EQ(joined(split, 2), "|" + longText.substr(0, 256) + "|" + longText.substr(0, 256));
 }
 
 }  // namespace

@@ -63,22 +63,40 @@ void takeItem(std::string_view& rest, std::span<RecordItem> items) {
     std::fill(items.begin() + 1, items.end(), items[0]);
 }
 
+// Takes the next item, empty or not, into as many of `items` as its repeat count says, and its
+// separator. Gives the items left, or none at the end of the line; false for a count of 0.
+bool takeNext(std::string_view& line, std::span<RecordItem>& items) {
+    skipBlanks(line);
+    if (line.empty() || line[0] == '/') {
+        items = {};
+        return true;
+    }
+    std::size_t count = 1;
+    if (line[0] != ',') {
+        count = takeRepeatCount(line, items.size());
+        if (count == 0) return false;
+        takeItem(line, items.first(count));
+        skipBlanks(line);
+    }
+    items = items.subspan(count);
+    if (line.starts_with(',')) line.remove_prefix(1);
+    return true;
+}
+
+bool sameItems(std::span<RecordItem> a, std::span<RecordItem> b) {
+    return a.data() == b.data() && a.size() == b.size();
+}
+
 }  // namespace
 
-bool dbfSplitRecord(std::string_view line, std::span<RecordItem> items) {
-    while (!items.empty()) {
-        skipBlanks(line);
-        if (line.empty() || line[0] == '/') break;
-        std::size_t count = 1;
-        if (line[0] != ',') {
-            count = takeRepeatCount(line, items.size());
-            if (count == 0) return false;
-            takeItem(line, items.first(count));
-            skipBlanks(line);
-        }
-        items = items.subspan(count);
-        if (line.starts_with(',')) line.remove_prefix(1);
-    }
+bool dbfSplitRecord(std::string_view line, std::size_t n, RecordItems& items) {
+    std::span<RecordItem> left{items.items, n};
+    if (!takeNext(line, left)) return false;
+    if (sameItems(left, items.itemsOfRest) && items.rest == line) return true;
+    items.rest = line;
+    items.itemsOfRest = left;
+    while (!left.empty())
+        if (!takeNext(line, left)) return false;
     return true;
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 
+#include "gis/records.h"
 #include "text/text.h"
 
 namespace vantelgis {
@@ -10,10 +12,18 @@ namespace vantelgis {
 /// An item of a record line.
 using RecordItem = Text<256>;
 
-/// Splits a record line into `items`. Commas or blanks separate; quotes hold blanks, commas and
-/// slashes together, and a doubled quote in them stands for one; `n*` repeats the item behind it n
-/// times; a slash ends the line. Items that the line leaves empty or does not reach keep their
-/// text. False for a line that makes no sense, which is a repeat count of 0.
-bool dbfSplitRecord(std::string_view line, std::span<RecordItem> items);
+/// The items of the line split last. Rows that follow one another often differ in their first item
+/// alone: the rest of the line is kept, so that an equal one need not be split again.
+struct RecordItems {
+    RecordItem items[kMaxDbfFields];
+    Text<1000> rest;                    ///< of the line, behind its first item
+    std::span<RecordItem> itemsOfRest;  ///< what it was split into
+};
+
+/// Splits a record line into the first `n` of the items. Commas or blanks separate; quotes hold
+/// blanks, commas and slashes together, and a doubled quote in them stands for one; `n*` repeats
+/// the item behind it n times; a slash ends the line. Items that the line leaves empty or does not
+/// reach keep their text. False for a line that makes no sense, which is a repeat count of 0.
+bool dbfSplitRecord(std::string_view line, std::size_t n, RecordItems& items);
 
 }  // namespace vantelgis

@@ -42,25 +42,36 @@ void widen(shpL_& shp, const Box& box) {
     gisStop("ERROR 0439 - Writing .shp file object coordinates.");
 }
 
-// The object's head in the .shp and its record in the .shx. Lengths count in 16-bit words.
-void startRecord(shpL_& shp, ShapeType type, std::int64_t contentWords) {
-    constexpr std::int64_t kHeadWords = 4;
-    const std::int64_t end = std::int64_t{shp.offset} + kHeadWords + contentWords;
+constexpr std::size_t kHeadBytes = 12;
+constexpr std::size_t kIndexBytes = 8;
+
+void putIndex(const shpL_& shp, std::int32_t content) {
+    OpenFile& file = makeRoom(shp.shxUnitBE, kIndexBytes);
+    char* const out = placeBig(file.buffer + file.end, shp.offset);
+    placeBig(out, content);
+    file.end += kIndexBytes;
+    if (file.failed) stopWriting();
+}
+
+// Puts the object's record into the .shx, counts it, and places its head in the .shp at `out`.
+// Lengths count in 16-bit words.
+char* startRecord(shpL_& shp, ShapeType type, std::int64_t contentWords, char* out) {
+    constexpr std::int64_t kWordsBeforeContent = 4;
+    const std::int64_t end = std::int64_t{shp.offset} + kWordsBeforeContent + contentWords;
     if (end > std::numeric_limits<std::int32_t>::max()) stopWriting();
     const auto content = static_cast<std::int32_t>(contentWords);
-    ++shp.nObjects;
+    putIndex(shp, content);
     shp.recordType = type;
-
-    char* out = reserve(shp.shpUnit, 12);
-    out = placeBig(out, shp.nObjects);
-    out = placeBig(out, content);
-    commit(shp.shpUnit, placeLittle(out, shp.recordType));
-    out = reserve(shp.shxUnitBE, 8);
-    out = placeBig(out, shp.offset);
-    commit(shp.shxUnitBE, placeBig(out, content));
-
     shp.offset = static_cast<std::int32_t>(end);
     shp.fileLength = shp.offset;
+    out = placeBig(out, ++shp.nObjects);
+    out = placeBig(out, content);
+    return placeLittle(out, shp.recordType);
+}
+
+void startRecord(shpL_& shp, ShapeType type, std::int64_t contentWords) {
+    char* const out = reserve(shp.shpUnit, kHeadBytes);
+    commit(shp.shpUnit, startRecord(shp, type, contentWords, out));
 }
 
 void putBox(int unit, const Box& box) {
@@ -81,10 +92,6 @@ void putParts(int unit, const GisObject& object) {
 
 void putNodes(int unit, std::size_t n) {
     shpWritePoints(unit, gisX.data(), gisY.data(), n);
-}
-
-void checkWritten(const shpL_& shp) {
-    if (writeFailed(shp.shpUnit) || writeFailed(shp.shxUnitBE)) stopWriting();
 }
 
 void writePointSet(shpL_& shp) {
@@ -129,16 +136,19 @@ void shpWriteObject(const GisObject& object, shpL_& shp) {
             "ERROR 0350 - Trying to write a SHP object that is not yet supported.  Please contact ",
             SUPPORT_ADDRESS, ".");
     }
-    checkWritten(shp);
+    if (writeFailed(shp.shpUnit)) stopWriting();
 }
 
 void shpWritePointAtNode(std::int32_t node, shpL_& shp) {
-    startRecord(shp, kPoint, 10);
-    const double* const x = &gisX[static_cast<std::size_t>(node) - 1];
-    const double* const y = &gisY[static_cast<std::size_t>(node) - 1];
-    shpWritePoints(shp.shpUnit, x, y, 1);
-    widen(shp, {*x, *y, *x, *y});
-    checkWritten(shp);
+    const double x = gisX[static_cast<std::size_t>(node) - 1];
+    const double y = gisY[static_cast<std::size_t>(node) - 1];
+    OpenFile& file = makeRoom(shp.shpUnit, kHeadBytes + kPointBytes);
+    char* out = startRecord(shp, kPoint, 10, file.buffer + file.end);
+    out = placeLittle(out, x);
+    out = placeLittle(out, y);
+    file.end = static_cast<std::size_t>(out - file.buffer);
+    widen(shp, {x, y, x, y});
+    if (file.failed) stopWriting();
 }
 
 }  // namespace vantelgis
