@@ -14,4 +14,6 @@ add_test(NAME faults COMMAND fault_tests)
 if(NOT CMAKE_CROSSCOMPILING)
   add_test(NAME batch COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/batch_test.py
     --program $<TARGET_FILE:vantelgis>)
+  add_test(NAME guide COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/docs_test.py
+    --program $<TARGET_FILE:vantelgis>)
 endif()

@@ -1,0 +1,111 @@
+#!/usr/bin/env python3
+"""Runs the commands of the guide and compares what the pages show with what comes out.
+
+In a page's indented blocks a line that begins with the program's name is a command: it runs in a copy
+of examples/, with nobody at the console. The other indented lines of a section must appear, in
+their order within a block, in what the section's commands wrote; "..." stands for lines left out.
+The messages page must name every numbered message of the sources, and none that isn't there.
+"""
+
+import argparse
+import os
+import pathlib
+import re
+import shlex
+import shutil
+import subprocess
+import tempfile
+
+TOP = pathlib.Path(__file__).resolve().parent.parent
+PAGES = ["conversions.md", "running.md", "limits.md"]
+COMMANDS = ("vantelgis ", "vantelgis-batch ")
+
+
+def sections(page):
+    """The indented blocks of each section of a page, as lists of lines."""
+    for text in re.split(r"^#+ ", page, flags=re.MULTILINE):
+        blocks = re.findall(r"(?:^    .*\n)+", text, flags=re.MULTILINE)
+        yield text.split("\n")[0], [[line.strip() for line in block.splitlines()]
+                                    for block in blocks]
+
+
+def run(command, folder, program):
+    words = shlex.split(command, comments=True)
+    if words[0] == "vantelgis":
+        words = [str(program), *words[1:]]
+    else:
+        words = [str(TOP / "tools/vantelgis-batch"), "-p", str(program), *words[1:]]
+    done = subprocess.run(words, cwd=folder, stdin=subprocess.DEVNULL, capture_output=True,
+                          text=True, timeout=60, check=False)
+    assert done.returncode == 0, f"{command}: {done.stdout}{done.stderr}"
+    if words[0] == str(program):
+        assert "\nFinished.\n" in done.stdout, f"{command}:\n{done.stdout}"
+    return done.stdout
+
+
+def written(folder, before):
+    for path in sorted(folder.rglob("*")):
+        if path.is_file() and before.get(path) != path.stat().st_mtime_ns:
+            yield path.read_bytes().decode("latin-1")
+
+
+def missing_line(block, texts):
+    """The first line of the block that no text has in its place, or None."""
+    worst = None
+    for text in texts:
+        lines = iter(line.strip() for line in text.splitlines())
+        missing = next((line for line in block if line != "..." and line not in lines), None)
+        if missing is None:
+            return None
+        worst = worst or missing
+    return worst
+
+
+def check_section(page, title, blocks, program):
+    commands = [line for block in blocks for line in block if line.startswith(COMMANDS)]
+    if not commands:
+        return 0
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name) / "examples"
+        shutil.copytree(TOP / "examples", folder)
+        before = {path: path.stat().st_mtime_ns for path in folder.rglob("*")}
+        texts = [run(command, folder, program) for command in commands]
+        texts += written(folder, before)
+        for block in blocks:
+            if block[0].startswith(COMMANDS):
+                continue
+            missing = missing_line(block, texts)
+            assert missing is None, f"{page}, {title}: {missing!r} came out nowhere"
+    return len(commands)
+
+
+def check_messages():
+    page = (TOP / "docs/messages.md").read_text("utf-8")
+    code = "".join(path.read_text("utf-8") for path in TOP.glob("src/**/*.cpp"))
+    numbered = re.compile(r"\b(?:ERROR|WARNING|CHECK) \d{4}\b")
+    told, known = set(numbered.findall(page)), set(numbered.findall(code))
+    assert told == known, f"not told: {known - told}; not in the sources: {told - known}"
+    # The other messages are told by their first words, in code quotes.
+    plain = code.replace('\\"', '"').replace('"\n', "").replace('  "', "")
+    for words in re.findall(r"^\| `([^`]+)`", page, flags=re.MULTILINE):
+        if numbered.match(words):
+            continue
+        words = words.split(" - ")[-1].strip(".").split()
+        ends = words[0], " ".join(words[-2:])  # between them a name may come in at run time
+        assert all(end in plain for end in ends), words
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--program", required=True)
+    program = pathlib.Path(os.path.abspath(parser.parse_args().program))
+    count = 0
+    for page in PAGES:
+        for title, blocks in sections((TOP / "docs" / page).read_text("utf-8") + "\n"):
+            count += check_section(page, title, blocks, program)
+    assert count >= 8, f"only {count} commands found"
+    check_messages()
+    print(f"{count} commands of the guide do what it says")
+
+
+main()
