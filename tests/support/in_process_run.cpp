@@ -13,6 +13,7 @@
 
 #include "driver/program.h"
 #include "run/console.h"
+#include "run/platform.h"
 #include "run/units.h"
 #include "support/fresh_start.h"
 
@@ -78,6 +79,14 @@ class Redirection {
     int original_;
 };
 
+// The console's lines with the line end that the tests write.
+std::string withPlainLineEnds(std::string text) {
+    const std::string_view lineEnd = platform::consoleLineEnd();
+    for (std::size_t at = 0; (at = text.find(lineEnd, at)) != std::string::npos; ++at)
+        text.replace(at, lineEnd.size(), "\n");
+    return text;
+}
+
 }  // namespace
 
 RunResult runInProcess(const std::function<void()>& body, std::string_view typed) {
@@ -99,7 +108,7 @@ RunResult runInProcess(const std::function<void()>& body, std::string_view typed
         consoleReset();
     }
     FILESINIT(1000);  // closes what a body that returned left open
-    result.console = output.get();
+    result.console = withPlainLineEnds(output.get());
     return result;
 }
 
