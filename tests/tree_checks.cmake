@@ -7,6 +7,8 @@ endfunction()
 add_tree_check(includes Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/check_includes.py)
 add_tree_check(words Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/check_words.py)
 
+add_tree_check(messages Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/check_messages.py)
+
 # Another major version lays code out differently and warns of other things.
 set(clang_tools_version 14)
 set(clang_tools format)

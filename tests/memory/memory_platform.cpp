@@ -224,8 +224,9 @@ std::optional<int> messageBox(std::string_view /*caption*/, std::string_view /*t
     return {};
 }
 
-int makeFolder(std::string_view /*folder*/) {
-    return -1;
+// Folders are there when something is in them, but none can be made at the root.
+int makeFolder(std::string_view folder) {
+    return folder.starts_with('/') ? -1 : 0;
 }
 
 int copyFiles(std::string_view /*source*/, std::string_view /*target*/) {

@@ -3,21 +3,29 @@
 #include <vector>
 
 #include "driver/program.h"
+#include "run/console.h"
+#include "run/units.h"
 #include "support/fresh_start.h"
 
 namespace vantelgis::memory {
 
-void runProgramInMemory(std::span<const std::string_view> arguments) {
-    std::vector<std::string_view> all{"vantelgis"};
-    all.insert(all.end(), arguments.begin(), arguments.end());
+void callInMemory(const std::function<void()>& body) {
     support::freshStart();
     system.programRuns = true;
     try {
-        runProgram(all);
+        body();
     } catch (const support::ProcessEnd&) {
-        system.programRuns = false;
-        closeAllFiles();
     }
+    system.programRuns = false;
+    consoleFlush();
+    FILESINIT(0);  // closes what a body that returned left open
+    closeAllFiles();
+}
+
+void runProgramInMemory(std::span<const std::string_view> arguments) {
+    std::vector<std::string_view> all{"vantelgis"};
+    all.insert(all.end(), arguments.begin(), arguments.end());
+    callInMemory([&all] { runProgram(all); });
 }
 
 }  // namespace vantelgis::memory

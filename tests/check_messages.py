@@ -1,0 +1,66 @@
+#!/usr/bin/env python3
+"""Every message of the program is met by a test: each text in src/ that begins with ERROR, WARNING or
+CHECK stands in a test program or in the expected console of a case."""
+
+import pathlib
+import re
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+
+# Messages that no test can meet, by how they begin, and why.
+EXCEPTIONS = {
+    "ERROR - Unable to detect any existing attributes.":
+        "both readers of layers refuse one without fields before",
+    "ERROR 0322 - End of .mif file encountered whilst reading object type.":
+        "the scanner asks for the end of the file before it reads a line",
+}
+
+LITERAL = re.compile(r'"((?:[^"\\\n]|\\.)*)"(?:\s*"((?:[^"\\\n]|\\.)*)")*')
+PIECE = re.compile(r'"((?:[^"\\\n]|\\.)*)"')
+MESSAGE = re.compile(r"(?:ERROR|WARNING|CHECK) (?:\d{4}|-)")
+
+
+def literals(source):
+    """The string literals of C++ text; neighbours are one."""
+    source = re.sub(r"(?m)^\s*(//|#include).*$", "", source)
+    for match in LITERAL.finditer(source):
+        text = "".join(PIECE.findall(match.group()))
+        yield text.replace("\\n", "\n").replace('\\"', '"')
+
+
+def messages():
+    found = {}
+    for path in sorted((ROOT / "src").rglob("*.cpp")) + sorted((ROOT / "src").rglob("*.h")):
+        for text in literals(path.read_text()):
+            match = MESSAGE.search(text)
+            if match:
+                message = text[match.start():].rstrip("\n")
+                found.setdefault(message, path.relative_to(ROOT).as_posix())
+    return found
+
+
+def expectations():
+    consoles = [path.read_bytes().decode("latin-1")
+                for path in (ROOT / "tests" / "cases").rglob("console")]
+    sources = ["\n".join(literals(path.read_text()))
+               for path in (ROOT / "tests").rglob("*.cpp")]
+    return "\n".join(consoles + sources)
+
+
+def main():
+    expected = expectations()
+    found = messages()
+    faults = []
+    for message, path in found.items():
+        excused = any(message.startswith(beginning) for beginning in EXCEPTIONS)
+        if (message in expected) == excused:
+            faults.append(f"{path}: {'met all the same' if excused else 'no test meets'}: {message}")
+    faults += [f"tests/check_messages.py: no such message: {beginning}" for beginning in EXCEPTIONS
+               if not any(message.startswith(beginning) for message in found)]
+    print("\n".join(faults + [f"{len(found)} messages, {len(faults)} fault(s)"]))
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
