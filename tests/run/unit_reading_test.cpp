@@ -16,11 +16,12 @@ namespace {
 void withFile(std::string_view bytes, std::string_view mode, const std::function<void(int)>& body) {
     const support::WorkFolder folder;
     support::writeFile("in", bytes);
-    support::runInProcess([&] {
+    const auto run = support::runInProcess([&] {
         int unit = 0;
         FILEOPEN(unit, mode, "in");
         body(unit);
     });
+    EXPECT_FALSE(run.ended);
 }
 
 // The next line, shortened to its size and last character when it is a long one.

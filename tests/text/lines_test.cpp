@@ -10,9 +10,7 @@ namespace {
 
 // Which commands "line|key" holds.
 std::string commands(std::string_view both) {
-    const std::size_t bar = both.find('|');
-    const std::string_view line = both.substr(0, bar);
-    const std::string_view key = both.substr(bar + 1);
+    const auto [line, key, none] = partsOf(both);
     return std::string(READGIS(line, key) ? "r" : "") + (WRITEGIS(line, key) ? "w" : "") +
            (READROWCOL(line, key) ? "c" : "");
 }
@@ -47,12 +45,10 @@ TEST(Lines, TestsThatTrim) {
 // into the line's own string.
 template <std::int32_t kColumn>
 std::string checked(std::string_view row) {
-    const std::size_t first = row.find('|');
-    const std::size_t second = row.find('|', first + 1);
-    Text<40> line(row.substr(0, first));
+    const auto [text, key, separator] = partsOf(row);
+    Text<40> line(text);
     Text<40> left;
-    const bool answer = CHECKLINE(line, row.substr(first + 1, second - first - 1),
-                                  row.substr(second + 1), kColumn, line, left);
+    const bool answer = CHECKLINE(line, key, separator, kColumn, line, left);
     return (answer ? "yes [" : "no [") + std::string(left.view()) + "][" +
            std::string(line.view()) + ']';
 }

@@ -1,34 +1,34 @@
-#include "text/strings.h"
-
 #include <string>
 
 #include "text/line_tests.h"
+#include "text/paths.h"
 #include "text/replace.h"
 #include "text/rows.h"
+#include "text/strings.h"
 
 namespace vantelgis {
 namespace {
 
-// What a routine makes of a string of capacity 10, in place or not.
-template <void (*kRoutine)(TextRef, std::string_view)>
+// What a routine makes of a text, in place or not.
+template <std::size_t kCapacity, void (*kRoutine)(TextRef, std::string_view)>
 std::string changed(std::string_view text) {
-    Text<10> out("old");
+    Text<kCapacity> out("old");
     kRoutine(out, text);
-    Text<10> inPlace(text);
+    Text<kCapacity> inPlace(text);
     kRoutine(inPlace, inPlace);
     return std::string(out.view() == inPlace.view() ? out.view() : "another result in place");
 }
 
 TEST(Strings, Changes) {
-    checkRows(changed<TRIMF>, {"  a b   -> a b", "     -> ", "\t a -> \t a"});
-    checkRows(changed<REMOVETABS>, {"\ta\t b\t -> a b", "\t \t -> "});
-    checkRows(changed<REMOVEQUOTES>, {"\"it's\" \"\" -> its"});
-    checkRows(changed<REMOVESPACES>, {" a b\tc  -> ab\tc"});
-    checkRows(changed<DOUBLEQUOTE>,
+    checkRows(changed<10, TRIMF>, {"  a b   -> a b", "     -> ", "\t a -> \t a"});
+    checkRows(changed<10, REMOVETABS>, {"\ta\t b\t -> a b", "\t \t -> "});
+    checkRows(changed<10, REMOVEQUOTES>, {"\"it's\" \"\" -> its"});
+    checkRows(changed<10, REMOVESPACES>, {" a b\tc  -> ab\tc"});
+    checkRows(changed<10, DOUBLEQUOTE>,
               {"\"a\" 'b' -> \"\"a\"\" 'b'", "\"\"\"abcdef -> \"\"\"\"\"\"abcd",
                "12345678 \" -> 12345678 \""});
-    checkRows(changed<UPPERCASE>, {"aZ[\xE4{z -> AZ[\xE4{Z"});
-    checkRows(changed<LOWERCASE>, {"az[\xC4@A -> az[\xC4@a"});
+    checkRows(changed<10, UPPERCASE>, {"aZ[\xE4{z -> AZ[\xE4{Z"});
+    checkRows(changed<10, LOWERCASE>, {"az[\xC4@A -> az[\xC4@a"});
 }
 
 TEST(Strings, CleanNames) {
@@ -62,9 +62,7 @@ TEST(Strings, CleanNames) {
 
 // Compares two texts with a "|" between them.
 std::string sameness(std::string_view both) {
-    const std::size_t bar = both.find('|');
-    const std::string_view a = both.substr(0, bar);
-    const std::string_view b = both.substr(bar + 1);
+    const auto [a, b, rest] = partsOf(both);
     if (ASAME(a, b) != ASAME(b, a)) return "depends on the order";
     return ASAMECS(a, b) ? "same" : ASAME(a, b) ? "other case" : "different";
 }
@@ -80,9 +78,7 @@ TEST(Strings, Comparisons) {
 
 // What stands behind a flag that follows the line and a "|".
 std::string behindFlag(std::string_view both) {
-    const std::size_t bar = both.find('|');
-    const std::string_view line = both.substr(0, bar);
-    const std::string_view flag = both.substr(bar + 1);
+    const auto [line, flag, none] = partsOf(both);
     Text<40> rest("old");
     const bool found = FLAGEXISTSRET(line, flag, rest);
     if (FLAGEXISTS(line, flag) != found) return "differs from FLAGEXISTS";
@@ -110,10 +106,9 @@ TEST(Strings, Flags) {
 // Text, what to find and its replacement, with a "|" between them; the text's capacity is 20.
 template <void (*kRoutine)(TextRef, std::string_view, std::string_view, std::string_view)>
 std::string replaced(std::string_view row) {
-    const std::size_t first = row.find('|');
-    const std::size_t second = row.find('|', first + 1);
-    Text<20> text(row.substr(0, first));
-    kRoutine(text, text, row.substr(first + 1, second - first - 1), row.substr(second + 1));
+    const auto [s, find, by] = partsOf(row);
+    Text<20> text(s);
+    kRoutine(text, text, find, by);
     return std::string(text.view());
 }
 
@@ -131,6 +126,77 @@ TEST(Strings, Replacements) {
     // Each step brings about the next; it must come to an end.
     Text<4> growing;
     REPLACEALL(growing, "aab", "ab", "bbaa");
+}
+
+TEST(Paths, Pieces) {
+    checkRows(changed<1000, FILEEXT>,
+              {"site.v2\\model -> ", "A.MIF -> .mif", "a.b.C   -> .c", "a/b. -> .", "noext -> "});
+    checkRows(changed<1000, FILEEXTKC>, {"A.MIF -> .MIF"});
+    checkRows(changed<1000, FILENAME>,
+              {"C:\\a\\b.c.d -> b.c", "C:\\a\\.hidden -> .hidden", ".hidden -> ",
+               "readme -> readme", "C:\\a.b\\c -> c", "a/b\\c/d.e -> d", "C:\\a\\ -> "});
+    checkRows(changed<1000, FILENAMEEXT>, {"C:\\a/b.c.d -> b.c.d", "b.c -> b.c", "a\\ -> "});
+    checkRows(changed<1000, FILENAMEPATH>,
+              {".hidden -> .hidden", "C:\\a.b\\c -> C:\\a.b\\c", "C:\\a\\b.mif -> C:\\a\\b",
+               "C:\\a\\.hidden -> C:\\a\\"});
+    checkRows(changed<1000, FILEFOLDERPATH>, {"a.txt -> ", "C:\\a/b.txt -> C:\\a/"});
+    checkRows(changed<1000, FILE___EXT>,
+              {"C:\\x_y\\site_QMED_Max.shp -> _max", "x_y\\site.shp -> ", "site_.shp -> _"});
+    checkRows(changed<1000, FILENAMENO_>,
+              {"C:\\x\\site_a_b.shp -> site_a", "x_y\\site.shp -> site", "x\\_site.shp -> "});
+    checkRows(changed<1000, FILENAMEPATHNO_>,
+              {"C:\\x\\site_a_b.shp -> C:\\x\\site_a", "x_y\\site.shp -> x_y\\site",
+               "_site.shp -> _site", "x\\_site.shp -> x\\"});
+}
+
+TEST(Paths, DotDot) {
+    checkRows(changed<1000, REMOVEDOTDOT>,
+              {"a\\..\\b -> b", "..\\..\\b -> ..\\..\\b", "..\\a\\..\\b -> ..\\b",
+               "..\\..\\a\\..\\..\\b -> ..\\..\\..\\b", "\\..\\b\\..\\c -> \\..\\b\\..\\c",
+               "  C:\\a\\b\\..\\..\\c -> C:\\c", "C:\\a\\\\\\b -> C:\\a\\b",
+               "\\\\srv\\a\\\\b -> \\\\srv\\a\\\\b", "\\\\srv\\a\\..\\b -> \\\\srv\\b",
+               "C:\\a\\.\\.\\b -> C:\\a\\b", "C:/a/../b -> C:/a/../b", "a\\.. -> a\\.."});
+}
+
+// Folder and name with a "|" between them.
+std::string joined(std::string_view both) {
+    const auto [folder, nameText, none] = partsOf(both);
+    Path name(nameText);
+    ADDFOLDER(name, folder, name);
+    return std::string(name.view());
+}
+
+TEST(Paths, FolderAndName) {
+    checkRows(joined, {"C:\\a\\|..\\b\\c.csv -> C:\\b\\c.csv", "C:\\a|D:\\x.csv -> D:\\x.csv",
+                       "C:\\a|\\\\srv\\x -> \\\\srv\\x", "C:\\a  |  x.csv   -> C:\\a\\x.csv",
+                       "C:\\a|\\x -> C:\\a\\x", "C:\\a|/x -> C:\\a\\/x",
+                       "/home/a/|../b.mif -> /home/a/../b.mif", "|x.csv -> x.csv",
+                       "C:\\a\\| -> C:\\a\\", "| -> ."});
+    // A path that is too long is cut, wherever that falls.
+    const std::string folder(999, 'f');
+    EXPECT_EQ(joined(folder + "|name"), folder + "\\");
+}
+
+std::string cleaned(std::string_view text) {
+    Path path(text);
+    Path out;
+    CLEANPATH(out, path);
+    return std::string(out.view() == path.view() ? out.view() : "another result in place");
+}
+
+std::string belowAnother(std::string_view text) {
+    Path path(text);
+    const bool relative = DRIVEFOLDER(path);
+    return std::string(path.view()) + (relative ? " relative" : " absolute");
+}
+
+TEST(Paths, CleanAndDrive) {
+    checkRows(cleaned, {"  a\\\\\\b -> a\\b", "a//b -> a/b", "\\\\srv\\\\b -> \\\\srv\\\\b",
+                        "\\\\srv//b -> \\\\srv/b", "//a\\\\b//c -> //a\\b//c", "a/\\b -> a/\\b"});
+    checkRows(belowAnother,
+              {" c:\\data -> C Drive\\data absolute", "\\\\srv\\share -> URL\\srv\\share absolute",
+               "//srv/share -> URL\\srv/share absolute", "data\\a -> data\\a relative",
+               "\\\\c:\\x -> URL\\C Drive\\x absolute"});
 }
 
 }  // namespace
