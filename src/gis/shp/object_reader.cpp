@@ -68,14 +68,6 @@ void passOverRest(shpL_& shp) {
     shp.unread = 0;
 }
 
-// No byte where a record would begin.
-bool noRecordLeft(int unit) {
-    if (!atEnd(unit)) return false;
-    char byte;
-    if (readBytes(unit, &byte, 1) == ReadResult::failed) gisStop(kReadingType.failed);
-    return true;
-}
-
 std::int32_t readRecordHead(int unit) {
     char head[12];  // record number, content length, shape type
     settle(readBytes(unit, head, sizeof head), kReadingType);
@@ -171,7 +163,7 @@ void readPolygon(shpL_& shp, GisObject& object, ObjectNodes& nodes) {
 
 bool shpObjectType(shpL_& shp, GisObject& object) {
     passOverRest(shp);
-    if (noRecordLeft(shp.shpUnit)) return false;
+    if (atEnd(shp.shpUnit)) return false;  // no byte where a record would begin
     object.nr = 0;
     shp.recordType = readRecordHead(shp.shpUnit);
     object.objName = shapeName(shp.recordType);
