@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the program on the cases of tests/cases and compares everything it leaves, byte for byte.
+r"""Runs the program on the cases of tests/cases and compares everything it leaves, byte for byte.
 
 A case is a folder, at any depth, that holds
   args             one argument on each line (an empty file: no argument)
@@ -10,7 +10,8 @@ A case is a folder, at any depth, that holds
   only             optional: "posix" or "windows", where the case makes sense
 
 The path behind "Executable: " is written `vantelgis`, the date of a .dbf table (bytes 1 to 3) is
-zero, and on Windows the console's CR LF is LF, on both sides of the comparison. The program must
+zero, and on Windows the console's CR LF is LF, on both sides of the comparison. `{work}` in args and
+in expected/console stands for the working folder (such as Z:\tmp\x under Wine). The program must
 end with status 0 within 20 seconds and, when run without a launcher, leave standard error empty.
 
 --record writes the expected files of the named cases from what the program does now. That is a
@@ -45,22 +46,30 @@ class Program:
         args = (case / "args").read_bytes().split(b"\n")
         if args[-1] == b"":
             args.pop()
+        folder = os.fsencode(self.own_form(work))
+        args = [os.fsdecode(arg.replace(b"{work}", folder)) for arg in args]
         typed = case / "stdin"
         with open(typed if typed.exists() else os.devnull, "rb") as stdin:
             try:
-                done = subprocess.run(self.command + [os.fsdecode(arg) for arg in args],
-                                      stdin=stdin, cwd=work, capture_output=True,
-                                      timeout=TIMEOUT_SECONDS, check=False)
+                done = subprocess.run(self.command + args, stdin=stdin, cwd=work,
+                                      capture_output=True, timeout=TIMEOUT_SECONDS, check=False)
             except subprocess.TimeoutExpired as late:
-                return self.normal(late.stdout or b""), [
+                return self.normal(late.stdout or b"", folder), [
                     f"  still running after {TIMEOUT_SECONDS} seconds"]
         faults = [f"  ended with status {done.returncode}"] if done.returncode != 0 else []
         if done.stderr and (self.silent or faults):
             faults.append("  standard error:")
             faults += [f"    {visible(line)}" for line in done.stderr.splitlines()[:30]]
-        return self.normal(done.stdout), faults
+        return self.normal(done.stdout, folder), faults
 
-    def normal(self, console):
+    def own_form(self, folder):
+        """A path as the program knows it: to Wine the root is the drive Z."""
+        if not self.windows or os.name == "nt":
+            return str(folder)
+        return "Z:" + str(folder).replace("/", "\\")
+
+    def normal(self, console, folder):
+        console = console.replace(folder, b"{work}")
         if self.windows:
             console = console.replace(b"\r\n", b"\n")
         return re.sub(rb"(?m)^Executable: .*$", b"Executable: vantelgis", console, count=1)

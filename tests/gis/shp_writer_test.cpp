@@ -228,7 +228,9 @@ TEST_F(ShpWriter, FinishesATableOfMoreThan4Gigabytes) {
 }
 
 TEST_F(ShpWriter, TellsEveryWriteThatIsRefused) {
-    std::filesystem::create_symlink("/dev/full", "out_P.dbf");
+    std::error_code refused;
+    std::filesystem::create_symlink("/dev/full", "out_P.dbf", refused);
+    if (refused) GTEST_SKIP() << "this system has no disk that is always full";
     const auto run = runInProcess([] { newLayer("P"); });
     EXPECT_NE(run.console.find("ERROR 0413 - Writing .dbf file header.\n"), std::string::npos)
         << run.console;
