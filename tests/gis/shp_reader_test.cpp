@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,35 +50,23 @@ class ShpReader : public testing::Test {
 };
 
 TEST_F(ShpReader, GivesRingsWithTheirSecondVertexBehindEach) {
-    const std::string polygon =
-        shape(5, {2, 10, 0, 5}, {0, 0, 9, 1, 9, 9, 0, 9, 0, 0,  // the outer ring
-                                 2, 2, 2, 4, 4, 4, 4, 2, 2, 2});
+    // Rings of five, five, two, one and no vertices: just as many nodes as are allowed.
+    ObjectNodes eighteen{18};
     runInProcess([&] {
-        const int layer = openLayer(polygon);
+        const int layer = openLayer(shape(
+            5, {5, 13, 0, 5, 10, 12, 13},
+            {0, 0, 9, 1, 9, 9, 0, 9, 0, 0, 2, 2, 2, 4, 4, 4, 4, 2, 2, 2, 5, 6, 7, 8, -1, -2}));
         ASSERT_TRUE(gisObjectType(layer, object));
         EXPECT_TRUE(object.region);
-        EXPECT_EQ(object.nr, 2);
-        gisReadObject(layer, object, nodes);
+        EXPECT_EQ(object.nr, 5);
+        gisReadObject(layer, object, eighteen);
     });
-    ASSERT_EQ(nodes.n, 12);
-    EXPECT_EQ(object.ir[0], 5);
-    EXPECT_EQ(object.ir[1], 11);
-    const std::vector<double> x{0, 9, 9, 0, 0, 9, 2, 2, 4, 4, 2, 2};
-    const std::vector<double> y{0, 1, 9, 9, 0, 1, 2, 4, 4, 2, 2, 4};
-    EXPECT_TRUE(std::equal(x.begin(), x.end(), nodes.x.begin()));
-    EXPECT_TRUE(std::equal(y.begin(), y.end(), nodes.y.begin()));
-}
-
-TEST_F(ShpReader, RepeatsWhatThereIsOfShortRingsAndStoresNothingBeyondTheLimit) {
-    // Rings of two, one and no vertices: 3 points and 3 rings are exactly the six nodes allowed.
-    ObjectNodes six{6};
-    runInProcess([&] {
-        const int layer = openLayer(shape(5, {3, 3, 0, 2, 3}, {1, 1, 2, 2, 3, 3}));
-        ASSERT_TRUE(gisObjectType(layer, object));
-        gisReadObject(layer, object, six);
-    });
-    ASSERT_EQ(six.n, 6);
-    EXPECT_EQ(six.x, (std::vector<double>{1, 2, 2, 3, 3, 3}));
+    ASSERT_EQ(eighteen.n, 18);
+    EXPECT_TRUE(std::ranges::equal(std::span(object.ir).first(5), std::array{5, 11, 14, 16, 17}));
+    EXPECT_EQ(eighteen.x,
+              (std::vector<double>{0, 9, 9, 0, 0, 9, 2, 2, 4, 4, 2, 2, 5, 7, 7, -1, -1, -1}));
+    EXPECT_EQ(eighteen.y,
+              (std::vector<double>{0, 1, 9, 9, 0, 1, 2, 4, 4, 2, 2, 4, 6, 8, 8, -2, -2, -2}));
 }
 
 TEST_F(ShpReader, PassesOverWhatNobodyReads) {
@@ -122,8 +112,7 @@ TEST_F(ShpReader, TellsWhatIsWrongWithARecord) {
         {"\1", "ERROR 0425 - End of .shp file encountered whilst reading object type.\n"},
         {kPointAt12.substr(0, 11), "ERROR 0425"},
         {kPointAt12.substr(0, 27),
-         "ERROR 0430 - End of .shp file encountered whilst reading object "
-         "coordinates.\n"},
+         "ERROR 0430 - End of .shp file encountered whilst reading object"},
         {shpRecord(1, integers({15})), "ERROR 0423 - Unsupported .shp object type PolygonZ [15]\n"},
         {shpRecord(1, integers({-4})), "ERROR 0423 - Unsupported .shp object type Unknown [-4]\n"},
         {shape(3, {-1, 2}, {1, 1, 2, 2}), "ERROR 0424 - Reading .shp file object type.\n"},
@@ -142,6 +131,10 @@ TEST_F(ShpReader, TellsWhatIsWrongWithARecord) {
         {shape(5, {2, 2, 0, 3}, {1, 1, 2, 2}), "ERROR 0429"},
         {shape(5, {1}, {}), "ERROR 0430"},
         {shape(8, {-1}, {}), "ERROR 0424"},
+        // Nobody reads these; their content is cut off.
+        {kPointAt12 + shape(3, {1, 2, 0}, {1, 1, 2}), "read\n\nERROR 0425"},
+        {kPointAt12 + shape(5, {1, 2, 0}, {1, 1}), "read\n\nERROR 0425"},
+        {kPointAt12 + shape(8, {2}, {}), "read\n\nERROR 0425"},
     };
     for (const auto& row : rows) {
         const auto run = runInProcess([&] {
@@ -149,20 +142,9 @@ TEST_F(ShpReader, TellsWhatIsWrongWithARecord) {
             gisObjectType(layer, object);
             gisReadObject(layer, object, nodes);
             consoleLine("read");
+            while (gisObjectType(layer, object)) continue;
         });
         EXPECT_NE(run.console.find(row.message), std::string::npos) << run.console;
-    }
-}
-
-TEST_F(ShpReader, CutsOffAnUnreadRecordAtTheEndOfTheFile) {
-    for (const std::string& record :
-         {shape(3, {1, 2, 0}, {1, 1, 2}), shape(5, {1, 2, 0}, {1, 1}), shape(8, {2}, {})}) {
-        const auto run = runInProcess([&] {
-            const int layer = openLayer(record);
-            EXPECT_TRUE(gisObjectType(layer, object));
-            gisObjectType(layer, object);
-        });
-        EXPECT_NE(run.console.find("ERROR 0425"), std::string::npos) << run.console;
     }
 }
 
