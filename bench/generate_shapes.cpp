@@ -73,7 +73,7 @@ std::int64_t shapefileLines(const std::string& folder) {
         std::string name = "ridge " + id;
         id.insert(0, 8 - id.size(), ' ');
         name.resize(24, ' ');
-        dbf += " " + id + name;
+        dbf.append(" ").append(id).append(name);
     }
     shp.replace(24, 4, big(shp.size() / 2));
     Output(folder + "/lines.shp") << shp;
