@@ -132,7 +132,7 @@ int runCommand(const std::wstring& command) {
     start.hStdInput = start.hStdOutput = start.hStdError = nowhere;
     PROCESS_INFORMATION child;
     const BOOL started = CreateProcessW(shell.c_str(), line.data(), nullptr, nullptr, TRUE,
-                                        CREATE_NO_WINDOW, nullptr, nullptr, &start, &child);
+                                        DETACHED_PROCESS, nullptr, nullptr, &start, &child);
     CloseHandle(nowhere);
     if (!started) return -1;
     WaitForSingleObject(child.hProcess, INFINITE);

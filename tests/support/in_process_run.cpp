@@ -8,6 +8,7 @@
 #include <random>
 #include <sstream>
 #include <stdexcept>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -131,7 +132,8 @@ WorkFolder::WorkFolder() : before_(std::filesystem::current_path()) {
 
 WorkFolder::~WorkFolder() {
     std::filesystem::current_path(before_);
-    std::filesystem::remove_all(folder_);
+    std::error_code inUse;  // then it stays: better than an end of all tests
+    std::filesystem::remove_all(folder_, inUse);
 }
 
 void writeFile(const std::filesystem::path& name, std::string_view bytes) {
