@@ -16,4 +16,18 @@ if(NOT CMAKE_CROSSCOMPILING)
     --program $<TARGET_FILE:vantelgis>)
   add_test(NAME guide COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/docs_test.py
     --program $<TARGET_FILE:vantelgis>)
+
+  # The inputs with which a fuzz driver begins and those that once showed a fault, without its engine.
+  add_executable(fuzz_replay ${PROJECT_SOURCE_DIR}/fuzz/replay.cpp
+    ${PROJECT_SOURCE_DIR}/fuzz/drivers.cpp faults/sample_runs.cpp)
+  target_link_libraries(fuzz_replay PRIVATE memory_support vantelgis_core)
+  foreach(driver mif shp archive command)
+    set(seeds ${PROJECT_BINARY_DIR}/fuzz_seeds/${driver})
+    add_test(NAME seeds_${driver} COMMAND Python3::Interpreter
+      ${PROJECT_SOURCE_DIR}/fuzz/make_seeds.py ${driver} ${seeds})
+    add_test(NAME replay_${driver} COMMAND fuzz_replay ${driver}
+      ${PROJECT_SOURCE_DIR}/fuzz/findings/${driver} ${seeds})
+    set_tests_properties(seeds_${driver} PROPERTIES FIXTURES_SETUP seeds_${driver})
+    set_tests_properties(replay_${driver} PROPERTIES FIXTURES_REQUIRED seeds_${driver})
+  endforeach()
 endif()

@@ -24,7 +24,11 @@ void freshStart() {
     gisInitialise(-1, {}, {}, {});
     gisMifCoordSys.clear();
     gisShpProjCS.clear();
-    gisO_.clear();
+    gisO_ = {};
+    gisA_ = {};
+    gisN = 0;
+    gisX.assign(2, 0.0);
+    gisY.assign(2, 0.0);
     includeHip = false;
     consoleReset();
 }
