@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
@@ -89,11 +90,20 @@ ssize_t readOnce(int file, char* out, std::size_t size) {
     return count;
 }
 
+// Where the program was started with a standard stream closed, the first file gets that stream's
+// number, and what is meant for the console would land in the file.
+int behindStandardStreams(int file) {
+    if (file < 0 || file > STDERR_FILENO) return file;
+    const int moved = fcntl(file, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    close(file);
+    return moved;
+}
+
 }  // namespace
 
 FileHandle openFile(std::string_view name, Access access, Sharing /*sharing*/) {
     const std::string path = access == Access::read ? inputName(name) : systemName(name);
-    return open(path.c_str(), openFlags(access) | O_CLOEXEC, 0666);
+    return behindStandardStreams(open(path.c_str(), openFlags(access) | O_CLOEXEC, 0666));
 }
 
 bool closeFile(FileHandle file) {
@@ -150,6 +160,10 @@ std::size_t readStandardInput(char* out, std::size_t size) {
 
 void writeStandardOutput(const char* bytes, std::size_t size) {
     static_cast<void>(writeAll(STDOUT_FILENO, bytes, size));
+}
+
+void outliveConsole() {
+    std::signal(SIGPIPE, SIG_IGN);
 }
 
 bool standardOutputIsTerminal() {

@@ -236,6 +236,8 @@ void writeStandardOutput(const char* bytes, std::size_t size) {
     }
 }
 
+void outliveConsole() {}  // a write to a console that is gone fails and does no more
+
 bool standardOutputIsTerminal() {
     return isConsole(GetStdHandle(STD_OUTPUT_HANDLE));
 }
