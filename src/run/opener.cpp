@@ -68,6 +68,9 @@ Next attempt(Opening& opening) {
 bool openedByPlatform(const Opening& opening) {
     Unit* const unit = findUnit(opening.unit);
     if (unit == nullptr) return false;
+    // A host's own number may still have a file, which is complete before the next one takes over.
+    const Path before = unitName(opening.unit);
+    if (!closeFileOf(*unit)) stopWritingFile(before);
     const OpenMode& mode = *opening.mode;
     const auto handle = platform::openFile(opening.name.view(), mode.access, mode.sharing);
     if (handle == platform::kNoFile) return false;

@@ -8,10 +8,9 @@ namespace vantelgis {
 
 bool flushFile(OpenFile& file) {
     if (file.mode->input) return true;
-    if (file.end > 0 && !file.failed) {
-        file.failed = file.handle == platform::kNoFile ||
-                      !platform::writeFile(file.handle, file.buffer, file.end);
-    }
+    if (file.handle == platform::kNoFile) file.failed = true;
+    if (file.end > 0 && !file.failed)
+        file.failed = !platform::writeFile(file.handle, file.buffer, file.end);
     file.bufferStart += static_cast<std::int64_t>(file.end);
     file.end = 0;
     return !file.failed;

@@ -1,6 +1,7 @@
 #include "run/units.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -35,7 +36,7 @@ OpenerSettings openerSettings;
 
 void FILESINIT(int base) {
     openerSettings = {};
-    table.base = std::max(kLowestBase, base);
+    table.base = std::clamp(base, kLowestBase, std::numeric_limits<int>::max() - kUnitCount);
     table.spares.clear();
     table.spares.reserve(kUnitCount);  // so that closing a file needs no memory
     for (int k = 0; k < kUnitCount; ++k) {
@@ -53,7 +54,7 @@ Unit* freeUnit() {
 }
 
 Unit* findUnit(int unit) {
-    const int slot = unit - table.base - 1;
+    const std::int64_t slot = std::int64_t{unit} - table.base - 1;
     return slot >= 0 && slot < kUnitCount ? &table.units[slot] : nullptr;
 }
 

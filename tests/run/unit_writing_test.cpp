@@ -1,0 +1,54 @@
+#include "run/unit_writing.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "run/opener.h"
+#include "support/in_process_run.h"
+
+namespace vantelgis {
+namespace {
+
+TEST(UnitWriting, LosesNothingThatWasWritten) {
+    const support::WorkFolder folder;
+    const auto again = support::runInProcess([] {
+        int unit = 1001;
+        for (const std::string_view name : {"first", "second"}) {
+            Path path{name};
+            OPENER(unit, path, "O ", {});
+            put(unit, name);
+        }
+        EXPECT_EQ(support::readFile("first"), "first");
+    });
+    EXPECT_FALSE(again.ended);
+
+    const auto late = support::runInProcess(
+        [] {
+            int owner = 0;
+            int taker = 0;
+            FILEOPEN(owner, "O ", "a");
+            FILEOPEN(taker, "O ", "a");
+            put(owner, "too late");
+        },
+        "y\n");
+    EXPECT_TRUE(late.ended);
+    EXPECT_NE(late.console.find("\n\nERROR - Writing file a\n"), std::string::npos);
+}
+
+TEST(UnitWriting, KnowsNoUnitOutsideItsTable) {
+    support::runInProcess([] {
+        for (const int base : {1000, std::numeric_limits<int>::max()}) {
+            FILESINIT(base);
+            EXPECT_GT(freeUnit()->number, 1000);
+            for (int unit : {std::numeric_limits<int>::min(), -1, 0}) {
+                const int before = unit;
+                CLOSER(unit);
+                EXPECT_EQ(unit, before);
+            }
+        }
+    });
+}
+
+}  // namespace
+}  // namespace vantelgis
