@@ -126,6 +126,7 @@ void waitForOutput(std::string_view name, bool& folderMade) {
     // Once: a file that still can't be opened in its new folder needs a person.
     if (openerSettings.autoFolders && !folderMade && !platform::fileExists(name)) {
         folderMade = true;
+        if (openerSettings.boxMode) return makeFolderOrEnd(folder);
         if (platform::makeFolder(folder) != kNotStarted) return;
     }
     if (openerSettings.boxMode) {
