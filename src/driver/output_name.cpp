@@ -23,8 +23,8 @@ std::string_view wantedExtension(const RunSettings& run) {
     stopWithoutFormat();
 }
 
-// A blank name can't be opened: the opener says so and ends the run before any other file is
-// touched.
+// A blank name can't be opened: the opener says so and ends the run here, before the conversion
+// reads the archive. The other conversions open their output first and need no such help.
 void refuseBlankName(const RunSettings& run) {
     int unit = 0;
     if (run.outputFile.blank()) FILEOPEN(unit, "O ", run.outputFile);
@@ -52,10 +52,9 @@ void nameArchive(RunSettings& run) {
         run.outputFile += ".12da";
         return;
     }
-    refuseBlankName(run);
     Text<16> extension;
     FILEEXT(extension, run.outputFile);
-    if (extension != ".12da") run.outputFile += ".12da";
+    if (!run.outputFile.blank() && extension != ".12da") run.outputFile += ".12da";
 }
 
 void nameLayer(RunSettings& run) {
