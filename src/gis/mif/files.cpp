@@ -22,7 +22,8 @@ void gisMifOpen(std::string_view name, std::string_view mode, mifL_& layer) {
     Path stem{withoutLeadingBlanks(name)};
     Text<16> extension;
     FILEEXT(extension, stem);
-    if (extension == ".mif" || extension == ".mid") FILENAMEPATH(stem, stem);
+    if (extension == ".mif" || extension == ".mid")
+        stem = stem.view().substr(0, stem.size() - extension.size());
     openFileOfPair(layer.mifUnit, stem, ".mif", mode);
     openFileOfPair(layer.midUnit, stem, ".mid", mode);
 }
