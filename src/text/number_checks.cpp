@@ -26,13 +26,13 @@ bool takeWhole(std::string_view text, std::int32_t& value) {
 }  // namespace
 
 std::int32_t NUMBEROFDAYS(std::string_view date) {
-    constexpr std::size_t kDateSize = 8;
-    if (date.size() < kDateSize) return -1;
+    constexpr std::size_t kDayPlace = 6;
+    if (date.size() <= kDayPlace) return -1;  // trailing blanks, and so the day's second, may lack
     std::int32_t year;
     std::int32_t month;
     std::int32_t day;
     if (!takeWhole(date.substr(0, 4), year) || !takeWhole(date.substr(4, 2), month) ||
-        !takeWhole(date.substr(6, 2), day))
+        !takeWhole(date.substr(kDayPlace, 2), day))
         return -1;
     if (month < 1 || month > kMonths) return -1;
     if (month == kFebruary) day = std::min(day, kLastDayOfFebruary);
