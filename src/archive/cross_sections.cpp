@@ -136,7 +136,7 @@ void writePoints(const CrossSections& run, std::string_view path) {
         const float z = run.z[static_cast<std::size_t>(node - 1)];
         if (!run.archive.hasElevation(z)) continue;
         changeElevation(z);
-        gisWritePointAtNode(run.pointLayer, gisO_, node);
+        gisWritePointAtNode(run.pointLayer, node);
         gisWriteRecord(run.pointLayer, gisO_);
         gisDataLine.data()[kSideColumn] = 'C';
     }

@@ -48,7 +48,7 @@ void writePoints(const StringsToGis& run, bool lineWritten) {
         if (!run.archive.hasElevation(z)) continue;
         changeElevation(z);
         if (lineWritten) {
-            gisWritePointAtNode(run.gisID, gisO_, node);
+            gisWritePointAtNode(run.gisID, node);
         } else {
             gisWriteObject(run.gisID, gisO_);  // the only vertex
         }

@@ -175,7 +175,7 @@ void gisWriteObject(int gisID, GisObject& object) {
     }
 }
 
-void gisWritePointAtNode(int gisID, GisObject& /*object*/, std::int32_t node) {
+void gisWritePointAtNode(int gisID, std::int32_t node) {
     GisLayer& layer = usableLayer(gisID, "gisWriteObject");
     switch (layer.kind) {
         case GisKind::mif: gisMifWritePointAtNode(node, layer.mif.mifUnit); break;

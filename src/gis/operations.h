@@ -39,7 +39,7 @@ void gisWriteObject(int gisID, GisObject& object);
 
 /// Writes a point object at node `node` (from 1) of the coordinates in gisX and gisY, which must be
 /// those of the object written last: what was made of a node for that object is used again.
-void gisWritePointAtNode(int gisID, GisObject& object, std::int32_t node);
+void gisWritePointAtNode(int gisID, std::int32_t node);
 
 /// Writes gisDataLine as the attribute record of the object written last.
 void gisWriteRecord(int gisID, const GisObject& object);

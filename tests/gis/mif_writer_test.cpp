@@ -104,7 +104,7 @@ TEST(MifWriter, GivesPointsTheTextOfTheirNode) {
         gisO_.pline = true;
         int layer = gisOpenLayer("a", "L", "O ");
         gisWriteObject(layer, gisO_);
-        gisWritePointAtNode(layer, gisO_, 3);
+        gisWritePointAtNode(layer, 3);
         gisCloseLayer(layer);
     });
     const std::string all = readFile("a.mif");
