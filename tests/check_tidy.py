@@ -62,11 +62,14 @@ def main():
     tool, build = sys.argv[1], pathlib.Path(sys.argv[2])
     entries = [entry for entry in json.loads((build / "compile_commands.json").read_text())
                if below(pathlib.Path(entry["file"]), CHECKED)]
+    failed = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        reports = list(pool.map(lambda entry: check(entry, tool, build), entries))
-    print("\n".join(filter(None, reports)))
-    print(f"{len(entries)} sources looked at, {len(list(filter(None, reports)))} with warnings")
-    return 1 if any(reports) else 0
+        for report in pool.map(lambda entry: check(entry, tool, build), entries):
+            if report:
+                failed += 1
+                print(report, flush=True)
+    print(f"{len(entries)} sources looked at, {failed} with warnings")
+    return 1 if failed else 0
 
 
 if __name__ == "__main__":
