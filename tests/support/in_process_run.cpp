@@ -125,7 +125,8 @@ WorkFolder::WorkFolder() : before_(std::filesystem::current_path()) {
     const std::filesystem::path memory = "/dev/shm";
     const auto base = is_directory(memory) ? memory : std::filesystem::temp_directory_path();
     do {
-        folder_ = base / ("vantelgis-test-" + std::to_string(std::random_device{}()));
+        folder_ = base / "vantelgis-test-";
+        folder_ += std::to_string(std::random_device{}());
     } while (!create_directory(folder_));
     std::filesystem::current_path(folder_);
 }
