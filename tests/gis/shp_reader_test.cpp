@@ -112,7 +112,7 @@ TEST_F(ShpReader, TellsWhatIsWrongWithARecord) {
         {"\1", "ERROR 0425 - End of .shp file encountered whilst reading object type.\n"},
         {kPointAt12.substr(0, 11), "ERROR 0425"},
         {kPointAt12.substr(0, 27),
-         "ERROR 0430 - End of .shp file encountered whilst reading object"},
+         "ERROR 0430 - End of .shp file encountered whilst reading object coordinates."},
         {shpRecord(1, integers({15})), "ERROR 0423 - Unsupported .shp object type PolygonZ [15]\n"},
         {shpRecord(1, integers({-4})), "ERROR 0423 - Unsupported .shp object type Unknown [-4]\n"},
         {shape(3, {-1, 2}, {1, 1, 2, 2}), "ERROR 0424 - Reading .shp file object type.\n"},

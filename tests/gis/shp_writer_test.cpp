@@ -156,7 +156,8 @@ TEST_F(ShpWriter, TellsWhichFieldsDoNotFit) {
         std::int32_t width;
         std::string_view message;
     } rows[] = {
-        {129, "Float", 0, "ERROR 0411 - Exceeded maximum number of dbf Fields trying to write dbf"},
+        {129, "Float", 0,
+         "ERROR 0411 - Exceeded maximum number of dbf Fields trying to write dbf file."},
         {0, "Float", 0, "ERROR 0319 - No attributes specified when writing .dbf file.\n"},
         {1, "Date", 8, " Should not be here [Unrecognised DBF field] - please contact"},
         {1, "Char", 0, "ERROR 0412 - dbf field length of 0 is outside allowable range of 1 to 255"},
