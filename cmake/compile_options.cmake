@@ -9,6 +9,11 @@ target_compile_definitions(vantelgis_options INTERFACE _FILE_OFFSET_BITS=64)
 if(VANTELGIS_WERROR)
   target_compile_options(vantelgis_options INTERFACE -Werror)
 endif()
+if(VANTELGIS_COVERAGE)
+  # Several tests run the program at the same time.
+  target_compile_options(vantelgis_options INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(vantelgis_options INTERFACE --coverage)
+endif()
 if(VANTELGIS_SANITIZE)
   target_compile_options(vantelgis_options INTERFACE
     -fsanitize=${VANTELGIS_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
