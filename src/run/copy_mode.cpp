@@ -10,7 +10,6 @@ namespace vantelgis {
 
 namespace {
 
-constexpr int kNotStarted = -1;
 constexpr std::string_view kAdvice = "             Check permissions and/or sufficient disk space.";
 
 // Where the files of a folder go in the copy tree; the place is made.
@@ -19,7 +18,7 @@ Path makePlaceFor(std::string_view folder) {
     DRIVEFOLDER(behindRoot);
     Path target = openerSettings.copyRoot;
     target += behindRoot;
-    if (platform::makeFolder(target) == kNotStarted) {
+    if (platform::makeFolder(target) == platform::kNotStarted) {
         consoleLine(
             "ERROR 0005 - Could not make the folder below while making a copy of the input files.");
         consoleLine(kAdvice);
@@ -71,7 +70,7 @@ void copyInput(TextRef name) {
     Path target = makePlaceFor(folderOf(name.view()));
     const int result = openerSettings.copyExact ? platform::copyFiles(name.view(), target)
                                                 : copyAllOfBaseName(name, target);
-    if (result == kNotStarted) {
+    if (result == platform::kNotStarted) {
         consoleLine(
             "ERROR 0006 - Could not copy the file below while making a copy of the input files.");
         consoleLine(kAdvice);

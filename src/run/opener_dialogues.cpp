@@ -14,7 +14,6 @@ namespace vantelgis {
 
 namespace {
 
-constexpr int kNotStarted = -1;
 constexpr int kUnitColumns = 4;
 using BoxText = Joined<256>;
 
@@ -24,7 +23,7 @@ void retryOrEnd(std::string_view text) {
 }
 
 void makeFolderOrEnd(std::string_view folder) {
-    while (platform::makeFolder(folder) == kNotStarted) {
+    while (platform::makeFolder(folder) == platform::kNotStarted) {
         retryOrEnd(BoxText("Could not create folder:\r\r", folder,
                            "\r\rCheck permissions and/or sufficient disk space."));
     }
@@ -127,7 +126,7 @@ void waitForOutput(std::string_view name, bool& folderMade) {
     if (openerSettings.autoFolders && !folderMade && !platform::fileExists(name)) {
         folderMade = true;
         if (openerSettings.boxMode) return makeFolderOrEnd(folder);
-        if (platform::makeFolder(folder) != kNotStarted) return;
+        if (platform::makeFolder(folder) != platform::kNotStarted) return;
     }
     if (openerSettings.boxMode) {
         waitInBoxes(name, folder);

@@ -81,7 +81,8 @@ struct Date {
                                             unsigned type);
 
 /// Makes a folder and the missing ones above it, or copies files; the source's name may end in
-/// ".*", the target is a folder. Gives -1 if it could not be started, else what its command gave.
+/// ".*", the target is a folder. Gives kNotStarted if it could not be, else what its command gave.
+inline constexpr int kNotStarted = -1;
 [[nodiscard]] int makeFolder(std::string_view folder);
 [[nodiscard]] int copyFiles(std::string_view source, std::string_view target);
 

@@ -119,7 +119,7 @@ void writeConsole(HANDLE console, std::string_view text) {
 // A command of cmd.exe, which neither shows a window nor asks nor tells anything.
 int runCommand(const std::wstring& command) {
     wchar_t folder[MAX_PATH];
-    if (GetSystemDirectoryW(folder, MAX_PATH) == 0) return -1;
+    if (GetSystemDirectoryW(folder, MAX_PATH) == 0) return kNotStarted;
     const std::wstring shell = std::wstring(folder) + LR"(\cmd.exe)";
     std::wstring line = L"\"" + shell + L"\" /c " + command;
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
@@ -134,7 +134,7 @@ int runCommand(const std::wstring& command) {
     const BOOL started = CreateProcessW(shell.c_str(), line.data(), nullptr, nullptr, TRUE,
                                         DETACHED_PROCESS, nullptr, nullptr, &start, &child);
     CloseHandle(nowhere);
-    if (!started) return -1;
+    if (!started) return kNotStarted;
     WaitForSingleObject(child.hProcess, INFINITE);
     DWORD exitCode = 1;
     GetExitCodeProcess(child.hProcess, &exitCode);
