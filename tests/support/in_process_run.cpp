@@ -84,7 +84,7 @@ class Redirection {
 std::string withPlainLineEnds(std::string text) {
     const std::string_view lineEnd = platform::consoleLineEnd();
     for (std::size_t at = 0; (at = text.find(lineEnd, at)) != std::string::npos; ++at)
-        text.replace(at, lineEnd.size(), "\n");
+        text.erase(at, lineEnd.size() - 1);
     return text;
 }
 
