@@ -2,29 +2,33 @@
 # their manual pages and the guide. The routine set for other programs is the component
 # "development", a package of its own.
 include(GNUInstallDirs)
-find_package(Python3 3.8 REQUIRED COMPONENTS Interpreter)
+find_package(Python3 3.8 COMPONENTS Interpreter)
 
-set(man_folder ${PROJECT_BINARY_DIR}/man)
-set(man_script ${PROJECT_SOURCE_DIR}/cmake/man_page.py)
 set(batch_script ${PROJECT_SOURCE_DIR}/tools/vantelgis-batch)
 file(GLOB guide_pages CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/docs/*.svg)
-file(MAKE_DIRECTORY ${man_folder})
-add_custom_command(OUTPUT ${man_folder}/vantelgis.1
-  COMMAND Python3::Interpreter ${man_script} guide ${PROJECT_SOURCE_DIR}/docs ${PROJECT_VERSION}
-    > ${man_folder}/vantelgis.1
-  DEPENDS ${man_script} ${guide_pages} VERBATIM)
-add_custom_command(OUTPUT ${man_folder}/vantelgis-batch.1
-  COMMAND Python3::Interpreter ${man_script} usage ${batch_script} ${PROJECT_VERSION}
-    > ${man_folder}/vantelgis-batch.1
-  DEPENDS ${man_script} ${batch_script} VERBATIM)
-add_custom_target(manual_pages ALL
-  DEPENDS ${man_folder}/vantelgis.1 ${man_folder}/vantelgis-batch.1)
+if(Python3_FOUND)
+  set(man_folder ${PROJECT_BINARY_DIR}/man)
+  set(man_script ${PROJECT_SOURCE_DIR}/cmake/man_page.py)
+  file(MAKE_DIRECTORY ${man_folder})
+  add_custom_command(OUTPUT ${man_folder}/vantelgis.1
+    COMMAND Python3::Interpreter ${man_script} guide ${PROJECT_SOURCE_DIR}/docs ${PROJECT_VERSION}
+      > ${man_folder}/vantelgis.1
+    DEPENDS ${man_script} ${guide_pages} VERBATIM)
+  add_custom_command(OUTPUT ${man_folder}/vantelgis-batch.1
+    COMMAND Python3::Interpreter ${man_script} usage ${batch_script} ${PROJECT_VERSION}
+      > ${man_folder}/vantelgis-batch.1
+    DEPENDS ${man_script} ${batch_script} VERBATIM)
+  add_custom_target(manual_pages ALL
+    DEPENDS ${man_folder}/vantelgis.1 ${man_folder}/vantelgis-batch.1)
+  install(FILES ${man_folder}/vantelgis.1 ${man_folder}/vantelgis-batch.1
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
+else()
+  message(STATUS "No Python: the manual pages are left out")
+endif()
 
 install(TARGETS vantelgis RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
 install(PROGRAMS ${batch_script} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
-install(FILES ${man_folder}/vantelgis.1 ${man_folder}/vantelgis-batch.1
-  DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
 install(FILES ${guide_pages} DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT program)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR}
   COMPONENT program FILES_MATCHING
