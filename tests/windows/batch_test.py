@@ -40,7 +40,7 @@ def main():
         for name in "good", "two words", "bad":
             (folder / f"{name}.mif").write_bytes(HEAD.encode())
             (folder / f"{name}.mid").write_text("" if name == "bad" else "7\r\n")
-        (folder / "head.12da").write_text("null x\n")
+        (folder / "head.12da").write_text("null x\nmodel\n")
 
         expect(batch(options, folder, "-j", "2", "good.mif", "two words.mif", "--",
                      "-model", "a b"), (0, ["2 runs, all well"]))
