@@ -8,6 +8,7 @@ A case is a folder, at any depth, that holds
   expected/console what standard output holds
   expected/files/  every file that is there afterwards and is not an unchanged input
   only             optional: "posix" or "windows", where the case makes sense
+  under            optional: a command that starts the program, such as `prlimit --fsize=200`
 
 The path behind "Executable: " is written `vantelgis`, the date of a .dbf table (bytes 1 to 3) is
 zero, and on Windows the console's CR LF is LF, on both sides of the comparison. `{work}` in args and
@@ -48,10 +49,12 @@ class Program:
             args.pop()
         folder = os.fsencode(self.own_form(work))
         args = [os.fsdecode(arg.replace(b"{work}", folder)) for arg in args]
+        under = case / "under"
+        command = shlex.split(under.read_text()) if under.exists() else []
         typed = case / "stdin"
         with open(typed if typed.exists() else os.devnull, "rb") as stdin:
             try:
-                done = subprocess.run(self.command + args, stdin=stdin, cwd=work,
+                done = subprocess.run(command + self.command + args, stdin=stdin, cwd=work,
                                       capture_output=True, timeout=TIMEOUT_SECONDS, check=False)
             except subprocess.TimeoutExpired as late:
                 return self.normal(late.stdout or b"", folder), [

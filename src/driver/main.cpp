@@ -5,7 +5,7 @@
 #include "run/platform.h"
 
 int main(int count, char** values) {
-    vantelgis::platform::outliveConsole();
+    vantelgis::platform::outliveRefusedWrites();
     const std::vector<std::string_view> arguments(values, values + count);
     vantelgis::runProgram(arguments);
 }

@@ -61,9 +61,10 @@ struct FileIdentity {
 [[nodiscard]] std::size_t readStandardInput(char* out, std::size_t size);
 /// Writes to standard output. What the system refuses is lost: there is nowhere to tell it.
 void writeStandardOutput(const char* bytes, std::size_t size);
-/// Has the process go on when nobody reads its standard output any more. Once, at the start of a
-/// program: files that are being written must be finished all the same.
-void outliveConsole();
+/// Has the process outlive a write that the system refuses: to a standard output that nobody reads
+/// any more, as files that are being written must be finished all the same, or to a file at the
+/// largest size that is allowed, as that has to be told. Once, at the start of a program.
+void outliveRefusedWrites();
 [[nodiscard]] bool standardOutputIsTerminal();
 /// The line end of the platform's console.
 [[nodiscard]] std::string_view consoleLineEnd();

@@ -162,8 +162,9 @@ void writeStandardOutput(const char* bytes, std::size_t size) {
     static_cast<void>(writeAll(STDOUT_FILENO, bytes, size));
 }
 
-void outliveConsole() {
+void outliveRefusedWrites() {
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 bool standardOutputIsTerminal() {

@@ -236,7 +236,7 @@ void writeStandardOutput(const char* bytes, std::size_t size) {
     }
 }
 
-void outliveConsole() {}  // a write to a console that is gone fails and does no more
+void outliveRefusedWrites() {}  // such a write fails and does no more
 
 bool standardOutputIsTerminal() {
     return isConsole(GetStdHandle(STD_OUTPUT_HANDLE));
