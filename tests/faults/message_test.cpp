@@ -147,6 +147,11 @@ TEST(ACallThatCannotBeMet, StopsWithItsMessage) {
              gisWriteObject(layer, object);
          },
          "ERROR 0350 - Trying to write a MIF object that is not yet supported.  Please contact "},
+        {[&] {
+             const int layer = gisOpenLayer("a.shp", "P", "O ");
+             gisWriteObject(layer, object);
+         },
+         "\n\nShould not be here [gisWriteObject-shp].  Please contact "},
         {[&] { shpWriteObject(object, shp); },
          "ERROR 0350 - Trying to write a SHP object that is not yet supported.  Please contact "},
         {[&] { OpenshpFile("a.mif", {}, "I ", shp, dbf); },

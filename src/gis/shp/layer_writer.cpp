@@ -1,7 +1,6 @@
 #include "gis/dbf/writer.h"
 #include "gis/report.h"
 #include "gis/shp/writer.h"
-#include "run/console.h"
 
 namespace vantelgis {
 
@@ -14,8 +13,7 @@ Family familyOf(const GisObject& object, std::string_view operation) {
     if (object.point || object.text || object.multiPoint) return kPoints;
     if (object.line || object.pline || object.plineMultiple) return kLines;
     if (object.region) return kRegions;
-    consoleLine("Should not be here [", operation, "].  Please contact ", SUPPORT_ADDRESS, ".");
-    EXITS();
+    gisStop("Should not be here [", operation, "].  Please contact ", SUPPORT_ADDRESS, ".");
 }
 
 }  // namespace
