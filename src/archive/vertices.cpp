@@ -254,8 +254,7 @@ bool d12ReadVertices(const Archive& archive, D12Object& object, std::vector<floa
 
 void d12PassOver(int unit, std::string_view line, D12Object& object) {
     if (!object.dataFollows) return;
-    while (!contains(line, '}') && !atEnd(unit))
-        if (!d12ReadLine(unit, line, kObjectLineCapacity)) line = {};
+    while (!contains(line, '}') && !atEnd(unit)) d12ReadLine(unit, line, kObjectLineCapacity);
     findNextBlock(unit, object);
 }
 
