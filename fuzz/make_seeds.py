@@ -24,7 +24,8 @@ def found(suffix):
 
 def partner(path, suffix):
     for other in sorted(path.parent.iterdir()):
-        if other.stem.lower() == path.stem.lower() and other.suffix.lower() == suffix:
+        if (other.is_file() and other.stem.lower() == path.stem.lower()
+                and other.suffix.lower() == suffix):
             return other.read_bytes()
     return b""
 
