@@ -1,10 +1,11 @@
 # What makes the program fit to be left alone: faults of the system and batch runs.
 
 # The program on files in memory. Its platform layer stands before that of the library.
+set(fuzz ${PROJECT_SOURCE_DIR}/fuzz)
 add_library(memory_support OBJECT
-  memory/memory_platform.cpp memory/memory_run.cpp support/fresh_start.cpp)
+  ${fuzz}/memory/memory_platform.cpp ${fuzz}/memory/memory_run.cpp support/fresh_start.cpp)
 target_link_libraries(memory_support PUBLIC vantelgis_core)
-target_include_directories(memory_support PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+target_include_directories(memory_support PUBLIC ${CMAKE_CURRENT_SOURCE_DIR} ${fuzz})
 
 file(GLOB fault_tests CONFIGURE_DEPENDS faults/*.cpp)
 add_executable(fault_tests ${fault_tests})
@@ -27,15 +28,15 @@ if(NOT CMAKE_CROSSCOMPILING)
   endif()
 
   # The inputs with which a fuzz driver begins and those that once showed a fault, without its engine.
-  add_executable(fuzz_replay ${PROJECT_SOURCE_DIR}/fuzz/replay.cpp
-    ${PROJECT_SOURCE_DIR}/fuzz/drivers.cpp faults/sample_runs.cpp)
+  add_executable(fuzz_replay ${fuzz}/replay.cpp
+    ${fuzz}/drivers.cpp faults/sample_runs.cpp)
   target_link_libraries(fuzz_replay PRIVATE memory_support vantelgis_core)
   foreach(driver mif shp archive command)
     set(seeds ${PROJECT_BINARY_DIR}/fuzz_seeds/${driver})
     add_test(NAME seeds_${driver} COMMAND Python3::Interpreter
-      ${PROJECT_SOURCE_DIR}/fuzz/make_seeds.py ${driver} ${seeds})
+      ${fuzz}/make_seeds.py ${driver} ${seeds})
     add_test(NAME replay_${driver} COMMAND fuzz_replay ${driver}
-      ${PROJECT_SOURCE_DIR}/fuzz/findings/${driver} ${seeds})
+      ${fuzz}/findings/${driver} ${seeds})
     set_tests_properties(seeds_${driver} PROPERTIES FIXTURES_SETUP seeds_${driver})
     set_tests_properties(replay_${driver} PROPERTIES FIXTURES_REQUIRED seeds_${driver})
   endforeach()
