@@ -10,11 +10,11 @@
 namespace vantelgis::memory {
 
 void callInMemory(const std::function<void()>& body) {
-    support::freshStart();
+    freshStart();
     system.programRuns = true;
     try {
         body();
-    } catch (const support::ProcessEnd&) {
+    } catch (const ProcessEnd&) {
     }
     system.programRuns = false;
     consoleFlush();

@@ -7,12 +7,6 @@
 namespace vantelgis {
 namespace {
 
-using support::readFile;
-using support::runProgramInProcess;
-using support::RunResult;
-using support::WorkFolder;
-using support::writeFile;
-
 constexpr std::string_view kArchive =
     "\xEF\xBB\xBF// archive_version \"14.0\"\r\n// null_keyword true\n// output_hex_floats true\n"
     "null null\nmodel \"m\"\nstring 2d {\n  name \"A // B\"\n  z 0x1.9p+3\n  data {\n 1 2\n 3 4\n "

@@ -11,11 +11,6 @@
 namespace vantelgis {
 namespace {
 
-using support::runInProcess;
-using support::RunResult;
-using support::WorkFolder;
-using support::writeFile;
-
 const std::string kMark = "\xEF\xBB\xBF";
 
 TEST(Head, ValuesStandAtTheirColumns) {

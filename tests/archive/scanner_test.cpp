@@ -14,11 +14,6 @@
 namespace vantelgis {
 namespace {
 
-using support::runInProcess;
-using support::RunResult;
-using support::WorkFolder;
-using support::writeFile;
-
 // Reads objects as a conversion does. Each gives "type,flags,name" and its vertices or what else
 // came of it, such as "3d,3,A: 1 2 3; 4 5 6\n".
 class Objects {

@@ -67,7 +67,7 @@ TEST(Region, EndsThatDoNotFitTheArrays) {
         EXPECT_TRUE(region.holds(4, 3, narrow));
         region.add(kHole, 0, 0);
         region.ends = {5};
-        const auto run = support::runInProcess([&] { region.holds(4, 3, narrow); });
+        const auto run = runInProcess([&] { region.holds(4, 3, narrow); });
         EXPECT_TRUE(run.ended);
         EXPECT_EQ(run.console,
                   "\nInvalid number of polygons in region sent to inside_polygon routine [" +

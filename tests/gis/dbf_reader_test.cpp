@@ -14,13 +14,11 @@
 namespace vantelgis {
 namespace {
 
-using support::dbfHeader;
-
 // Reads the header and `records` records of a table of these bytes and prints each in brackets.
 std::string readTable(const std::string& bytes, int records) {
-    const support::WorkFolder folder;
-    support::writeFile("a.dbf", bytes);
-    return support::runInProcess([&] {
+    const WorkFolder folder;
+    writeFile("a.dbf", bytes);
+    return runInProcess([&] {
                dbfL_ dbf;
                FILEOPEN(dbf.dbfUnit, "BI", "a.dbf");
                dbfReadHeader(dbf);
@@ -65,7 +63,7 @@ TEST(DbfReader, MakesALineOfARecord) {
 
 TEST(DbfReader, CutsALineAtItsCapacity) {
     // Four fields of 255 make 1000 characters only in part; blanks at a cut never count.
-    const std::vector<support::DbfField> fields(4, {"T", 'C', 255});
+    const std::vector<DbfField> fields(4, {"T", 'C', 255});
     const std::string field(255, 'x');
     const std::string last = std::string(200, 'y') + std::string(54, ' ') + "z";
     const std::string console =
@@ -78,8 +76,8 @@ TEST(DbfReader, CutsALineAtItsCapacity) {
 
 TEST(DbfReader, TellsWhatIsWrongWithATable) {
     const std::string header = dbfHeader(1, {{"N", 'N', 2}});
-    const std::vector<support::DbfField> fields(129, {"N", 'N', 1});
-    const std::vector<support::DbfField> fits(128, {"N", 'N', 255});
+    const std::vector<DbfField> fields(129, {"N", 'N', 1});
+    const std::vector<DbfField> fits(128, {"N", 'N', 255});
     const struct {
         std::string bytes;
         std::string_view message;

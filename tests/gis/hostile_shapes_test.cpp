@@ -12,15 +12,12 @@
 namespace vantelgis {
 namespace {
 
-using support::integers;
-using support::shpRecord;
-
 // One object of each kind that is read. Coordinates are made of `@`, which no count holds: to
 // change them changes nothing else.
 std::string goodShapes() {
     const std::string box(32, '@');
     const auto points = [](std::size_t n) { return std::string(16 * n, '@'); };
-    return support::shpHeader(240, 3, {}) + box +
+    return shpHeader(240, 3, {}) + box +
            shpRecord(1, integers({3}) + box + integers({2, 10, 0, 4}) + points(10)) +
            shpRecord(2, integers({5}) + box + integers({2, 10, 0, 5}) + points(10)) +
            shpRecord(3, integers({8}) + box + integers({2}) + points(2)) +
@@ -30,7 +27,7 @@ std::string goodShapes() {
 }
 
 std::string goodTable() {
-    return support::dbfHeader(6, {{"NAME", 'C', 4}, {"Z", 'N', 3}}) +
+    return dbfHeader(6, {{"NAME", 'C', 4}, {"Z", 'N', 3}}) +
            " weir1.5*gone  1 a   ***     2.5 b   7.5 c   8.5 d   9.5\x1a";
 }
 
@@ -56,15 +53,15 @@ void readLayer(bool wanted) {
 // number, has to end the run in order or let it pass.
 void attack(const char* name, const std::string& good) {
     const auto attempt = [&](const std::string& bytes) {
-        support::writeFile(name, bytes);
+        writeFile(name, bytes);
         for (const bool wanted : {true, false}) {
-            const auto run = support::runInProcess([wanted] { readLayer(wanted); });
+            const auto run = runInProcess([wanted] { readLayer(wanted); });
             const std::string_view needed = run.ended ? "\nERROR 0" : "\nFinished.\n";
             ASSERT_NE(run.console.find(needed), std::string::npos) << run.console;
         }
     };
     attempt(good);
-    EXPECT_FALSE(support::runInProcess([] { readLayer(true); }).ended);
+    EXPECT_FALSE(runInProcess([] { readLayer(true); }).ended);
     for (std::size_t size = 0; size < good.size(); ++size) attempt(good.substr(0, size));
     for (std::size_t at = 0; at < good.size(); ++at) {
         if (good[at] == '@') continue;
@@ -77,10 +74,10 @@ void attack(const char* name, const std::string& good) {
 }
 
 TEST(HostileShapes, EndInOrder) {
-    const support::WorkFolder folder;
-    support::writeFile("a.dbf", goodTable());
+    const WorkFolder folder;
+    writeFile("a.dbf", goodTable());
     attack("a.shp", goodShapes());
-    support::writeFile("a.shp", goodShapes());
+    writeFile("a.shp", goodShapes());
     attack("a.dbf", goodTable());
 }
 

@@ -11,11 +11,6 @@
 namespace vantelgis {
 namespace {
 
-using support::readFile;
-using support::runInProcess;
-using support::RunResult;
-using support::WorkFolder;
-
 // Writes the object at the nodes (1,2), (3,4), ... and gives what the layer holds behind its head.
 template <typename SetUp>
 std::string written(std::int32_t nodes, SetUp setUp) {

@@ -18,11 +18,6 @@
 namespace vantelgis {
 namespace {
 
-using support::doubles;
-using support::integers;
-using support::runInProcess;
-using support::shpRecord;
-
 const std::string kBox(32, 'b');
 const std::string kPointAt12 = shpRecord(1, integers({1}) + doubles({1, 2}));
 
@@ -33,10 +28,10 @@ std::string shape(std::int32_t type, std::initializer_list<std::int32_t> counts,
 
 // Writes a.shp of these records and a table with a row for each object, and opens the layer.
 int openLayer(const std::string& records, int rows = 9) {
-    support::writeFile("a.shp", support::shpHeader(0, 31, {0, 0, 0, 0}) + records);
-    std::string table = support::dbfHeader(rows, {{"N", 'N', 1}});
+    writeFile("a.shp", shpHeader(0, 31, {0, 0, 0, 0}) + records);
+    std::string table = dbfHeader(rows, {{"N", 'N', 1}});
     for (int row = 1; row <= rows; ++row) table += " " + std::to_string(row);
-    support::writeFile("a.dbf", table + '\x1a');
+    writeFile("a.dbf", table + '\x1a');
     const int layer = gisOpenLayer("a.SHP", {}, "I ");
     gisReadHeader(layer);
     return layer;
@@ -44,7 +39,7 @@ int openLayer(const std::string& records, int rows = 9) {
 
 class ShpReader : public testing::Test {
   protected:
-    support::WorkFolder folder;
+    WorkFolder folder;
     GisObject object;
     ObjectNodes nodes{100};
 };

@@ -18,14 +18,6 @@
 namespace vantelgis {
 namespace {
 
-using support::big;
-using support::dbfHeader;
-using support::doubles;
-using support::integers;
-using support::readFile;
-using support::shpHeader;
-using support::shpRecord;
-
 constexpr double kMost = std::numeric_limits<double>::max();
 constexpr double kFar = 9.000000135427196E+29;  // 9.0E29 as a 32-bit number
 
@@ -59,14 +51,14 @@ void write(int layer, bool GisObject::*kind, std::string_view row) {
 class ShpWriter : public testing::Test {
   protected:
     // Runs `body` with one integer field to be made.
-    static support::RunResult run(const std::function<void()>& body) {
-        return support::runInProcess([&body] {
+    static RunResult run(const std::function<void()>& body) {
+        return runInProcess([&body] {
             constexpr FieldDefinition kOneField[] = {{"Z", "Integer", 0}};
             gisSetFields(kOneField);
             body();
         });
     }
-    support::WorkFolder folder;
+    WorkFolder folder;
 };
 
 TEST_F(ShpWriter, WritesEachKindToItsFamily) {
@@ -180,7 +172,7 @@ TEST_F(ShpWriter, TellsWhichFieldsDoNotFit) {
 }
 
 TEST_F(ShpWriter, StopsBeforeItsNumbersOverflow) {
-    support::writeFile("out_P.shp", std::string(5000, 'x'));  // older and longer
+    writeFile("out_P.shp", std::string(5000, 'x'));  // older and longer
     constexpr std::int32_t kLast = std::numeric_limits<std::int32_t>::max();
     const struct {
         std::int32_t offset;

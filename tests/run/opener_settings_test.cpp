@@ -16,10 +16,6 @@
 namespace vantelgis {
 namespace {
 
-using support::runInProcess;
-using support::RunResult;
-using support::writeFile;
-
 class OpenerSettingsTest : public testing::Test {
   protected:
     static void openAndClose(std::string_view mode, std::string_view name) {
@@ -27,7 +23,7 @@ class OpenerSettingsTest : public testing::Test {
         FILEOPEN(unit, mode, name);
         CLOSER(unit);
     }
-    support::WorkFolder folder_;
+    WorkFolder folder_;
 };
 
 // Boxes are questions on the console only where the platform has none of its own.
@@ -67,7 +63,7 @@ TEST_F(OpenerSettingsTest, LogsWhatOpenerAndCloserPrint) {
     EXPECT_EQ(run.console, " Trying to open file log.txt...OK.  File Unit:1001\n" + lines +
                                "not a line of the opener\n");
     runInProcess([] {});  // closes the log
-    std::string logged = support::readFile("log.txt");
+    std::string logged = readFile("log.txt");
     for (std::size_t at = 0; (at = logged.find("\r\n", at)) != std::string::npos;)
         logged.erase(at, 1);
     EXPECT_EQ(logged, lines);
@@ -187,7 +183,7 @@ TEST_F(OpenerSettingsTest, HandsOverInBlocks) {
         EXPECT_EQ(std::filesystem::file_size("blocks.txt"), 1800U);
         EXPECT_EQ(std::filesystem::file_size("whole.txt"), 0U);
     });
-    EXPECT_EQ(support::readFile("blocks.txt"), std::string(2000, 'b'));
+    EXPECT_EQ(readFile("blocks.txt"), std::string(2000, 'b'));
 }
 
 TEST_F(OpenerSettingsTest, GathersTheFilesOfARun) {
@@ -213,13 +209,13 @@ TEST_F(OpenerSettingsTest, GathersTheFilesOfARun) {
     run(false, "O ", "out\\new.csv");
     EXPECT_EQ(last, "tree\\out\\new.csv");
 
-    EXPECT_EQ(support::readFile("tree/in/a.mid"), "in/a.mid");
+    EXPECT_EQ(readFile("tree/in/a.mid"), "in/a.mid");
     EXPECT_FALSE(std::filesystem::exists("tree/in/ab.mif"));
     EXPECT_TRUE(std::filesystem::exists("tree/in/one.txt"));
     EXPECT_FALSE(std::filesystem::exists("tree/in/one.log"));
     EXPECT_TRUE(std::filesystem::exists("tree/in/group/g.xf4"));
     EXPECT_FALSE(std::filesystem::exists("tree/in/group/g.dat"));
-    EXPECT_EQ(support::readFile("tree/in/g.dat"), "in/g.dat");  // the group's common file
+    EXPECT_EQ(readFile("tree/in/g.dat"), "in/g.dat");  // the group's common file
     EXPECT_TRUE(std::filesystem::exists("tree/out/new.csv"));
     EXPECT_FALSE(std::filesystem::exists("out"));
 }

@@ -31,9 +31,9 @@ TEST(OpenerTest, LengthWithoutBlanksAndZeroBytes) {
 }
 
 TEST(OpenerTest, ARuleGoesToTheConsoleAndToAFileOpenForBothWays) {
-    const support::WorkFolder folder;
+    const WorkFolder folder;
     const std::string rule(80, '_');
-    const auto run = support::runInProcess([] {
+    const auto run = runInProcess([] {
         int unit = 0;
         FILEOPEN(unit, "IO", "rules");
         DLINE(unit);
@@ -43,7 +43,7 @@ TEST(OpenerTest, ARuleGoesToTheConsoleAndToAFileOpenForBothWays) {
     // That mode opens without a word.
     EXPECT_EQ(run.console, " Trying to open file rules..." + rule + "\n...Closed File Unit:1001\n" +
                                rule + "\n");
-    EXPECT_EQ(support::readFile("rules"), rule + "\r\n");
+    EXPECT_EQ(readFile("rules"), rule + "\r\n");
 }
 
 }  // namespace

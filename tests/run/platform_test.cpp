@@ -25,7 +25,7 @@ bool putInto(std::string_view name, platform::Access access, std::string_view te
 
 class PlatformTest : public testing::Test {
   protected:
-    support::WorkFolder folder_;
+    WorkFolder folder_;
 };
 
 TEST_F(PlatformTest, TreatsAnOlderFileAsTheAccessSays) {
@@ -35,9 +35,9 @@ TEST_F(PlatformTest, TreatsAnOlderFileAsTheAccessSays) {
     };
     for (const Row& row : {Row{replace, "new"}, Row{keep, "newer"}, Row{append, "oldernew"},
                            Row{readWrite, "newer"}}) {
-        support::writeFile("a", "older");
+        writeFile("a", "older");
         EXPECT_TRUE(putInto("a", row.access, "new"));
-        EXPECT_EQ(support::readFile("a"), row.result);
+        EXPECT_EQ(readFile("a"), row.result);
     }
     EXPECT_FALSE(putInto("a", read, "x"));
     EXPECT_EQ(opened("missing", read), platform::kNoFile);

@@ -14,9 +14,9 @@ namespace {
 
 // Calls `body` with a unit whose file holds `bytes`.
 void withFile(std::string_view bytes, std::string_view mode, const std::function<void(int)>& body) {
-    const support::WorkFolder folder;
-    support::writeFile("in", bytes);
-    const auto run = support::runInProcess([&] {
+    const WorkFolder folder;
+    writeFile("in", bytes);
+    const auto run = runInProcess([&] {
         int unit = 0;
         FILEOPEN(unit, mode, "in");
         body(unit);

@@ -11,19 +11,19 @@ namespace vantelgis {
 namespace {
 
 TEST(UnitWriting, LosesNothingThatWasWritten) {
-    const support::WorkFolder folder;
-    const auto again = support::runInProcess([] {
+    const WorkFolder folder;
+    const auto again = runInProcess([] {
         int unit = 1001;
         for (const std::string_view name : {"first", "second"}) {
             Path path{name};
             OPENER(unit, path, "O ", {});
             put(unit, name);
         }
-        EXPECT_EQ(support::readFile("first"), "first");
+        EXPECT_EQ(readFile("first"), "first");
     });
     EXPECT_FALSE(again.ended);
 
-    const auto late = support::runInProcess(
+    const auto late = runInProcess(
         [] {
             int owner = 0;
             int taker = 0;
@@ -37,7 +37,7 @@ TEST(UnitWriting, LosesNothingThatWasWritten) {
 }
 
 TEST(UnitWriting, KnowsNoUnitOutsideItsTable) {
-    support::runInProcess([] {
+    runInProcess([] {
         for (const int base : {1000, std::numeric_limits<int>::max()}) {
             FILESINIT(base);
             EXPECT_GT(freeUnit()->number, 1000);

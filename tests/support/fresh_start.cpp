@@ -12,10 +12,8 @@ namespace vantelgis {
 
 // Stands in for the routine of that name in the program.
 void endProcess() {
-    throw support::ProcessEnd{};
+    throw ProcessEnd{};
 }
-
-namespace support {
 
 void freshStart() {
     FILESINIT(1000);
@@ -32,7 +30,5 @@ void freshStart() {
     includeHip = false;
     consoleReset();
 }
-
-}  // namespace support
 
 }  // namespace vantelgis

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace vantelgis::support {
+namespace vantelgis {
 
 /// Thrown by what ends the process in the program itself, so that only the run ends.
 struct ProcessEnd {};
@@ -8,4 +8,4 @@ struct ProcessEnd {};
 /// Brings all state of the program back to that of a new process.
 void freshStart();
 
-}  // namespace vantelgis::support
+}  // namespace vantelgis

@@ -20,8 +20,6 @@
 
 namespace vantelgis {
 
-namespace support {
-
 namespace {
 
 // An open scratch file.
@@ -146,7 +144,5 @@ std::string readFile(const std::filesystem::path& name) {
     text << std::ifstream{name, std::ios::binary}.rdbuf();
     return text.str();
 }
-
-}  // namespace support
 
 }  // namespace vantelgis

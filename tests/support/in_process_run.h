@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace vantelgis::support {
+namespace vantelgis {
 
 /// What a run left behind on the console, and how it came to its end.
 struct RunResult {
@@ -39,4 +39,4 @@ class WorkFolder {
 void writeFile(const std::filesystem::path& name, std::string_view bytes);
 std::string readFile(const std::filesystem::path& name);
 
-}  // namespace vantelgis::support
+}  // namespace vantelgis

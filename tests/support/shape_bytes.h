@@ -10,7 +10,7 @@
 #include "run/byte_order.h"
 
 // The bytes of shapefiles and dBase tables, put together as their published layouts draw them.
-namespace vantelgis::support {
+namespace vantelgis {
 
 template <typename Number>
 std::string little(Number value) {
@@ -70,4 +70,4 @@ inline std::string dbfHeader(std::int32_t records, const std::vector<DbfField>& 
            little(static_cast<std::int16_t>(length)) + std::string(20, '\0') + descriptors + '\r';
 }
 
-}  // namespace vantelgis::support
+}  // namespace vantelgis

@@ -11,8 +11,6 @@
 namespace vantelgis {
 namespace {
 
-using support::runInProcess;
-
 // The value of the keyword "key" or of column 2 in a line.
 template <void (*kRoutine)(TextRef, std::string_view, std::string_view, std::string_view,
                            std::int32_t)>
@@ -55,8 +53,8 @@ TEST(Extract, Numbers) {
 }
 
 TEST(ReadLine, DropsTabsAndCommentsAndStopsAtTheEnd) {
-    const support::WorkFolder folder;
-    support::writeFile("in.txt", "\t a\tb ! note\r\n \t # only\n\n last");
+    const WorkFolder folder;
+    writeFile("in.txt", "\t a\tb ! note\r\n \t # only\n\n last");
     const auto run = runInProcess([] {
         int unit = 0;
         FILEOPEN(unit, "I ", "in.txt");
