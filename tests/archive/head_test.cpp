@@ -1,131 +1,86 @@
 #include "archive/head.h"
 
-#include <gtest/gtest.h>
-
 #include <string>
 
-#include "run/opener.h"
 #include "run/unit_reading.h"
 #include "support/in_process_run.h"
+#include "support/rows.h"
 
 namespace vantelgis {
 namespace {
 
-const std::string kMark = "\xEF\xBB\xBF";
+// What a head tells: the version and which of the two words are set.
+std::string values(std::string_view text) {
+    std::string told = "stopped";
+    runOnFile(text, "I ", [&told](int unit) {
+        told = d12ArchiveVersion(unit).view();
+        if (d12NullKeyword(unit)) told += "|null";
+        if (d12HexFloats(unit)) told += "|hex";
+    });
+    return told;
+}
 
 TEST(Head, ValuesStandAtTheirColumns) {
-    struct Case {
-        std::string text;
-        std::string_view version;
-        bool nullKeyword;
-        bool hexFloats;
-    };
-    const Case cases[] = {
-        {"", "", false, false},
-        {"// archive_version 14.0\n// null_keyword true\n// output_hex_floats true\n", "14.0", true,
-         true},
+    checkRows(
+        values, " -> ",
+        "// archive_version 14.0\n// null_keyword true\n// output_hex_floats true\n -> "
+        "14.0|null|hex",
         // Any order, any case of keyword and value; blank lines and null lines don't end the head.
-        {"// OUTPUT_HEX_FLOATS True\n\n  \nnull -999\n// null_keyword \"TRUE\"\n", "", true, true},
-        {"// archive_version \"10.0\"  \n", "10.0", false, false},
-        {"// archive_version \"\"\n", "", false, false},
-        {"//  archive_version 9\n", " 9", false, false},
-        {"//null_keyword true\n//  output_hex_floats true\n", "", false, true},
-        {"archive_version 10\n// null_keyword true\n", "", false, false},
-        {"NULL -999\n// null_keyword true\n", "", false, false},
-        {" // comment\n// null_keyword true\n", "", false, false},
-        {"model \"m\"\n// null_keyword true\n", "", false, false},
-        {kMark + "// null_keyword true\n", "", true, false},
-        {kMark + "\n" + kMark + "// null_keyword true\n", "", false, false},
+        "// OUTPUT_HEX_FLOATS True\n\n  \nnull -999\n// null_keyword \"TRUE\"\n -> |null|hex",
+        "// archive_version \"10.0\"  \n -> 10.0", "// archive_version \"\"\n -> ",
+        "//  archive_version 9\n ->  9",
+        "//null_keyword true\n//  output_hex_floats true\n -> |hex",
+        "archive_version 10\n// null_keyword true\n -> ", "NULL -999\n// null_keyword true\n -> ",
+        " // comment\n// null_keyword true\n -> ", "model \"m\"\n// null_keyword true\n -> ",
+        "\xEF\xBB\xBF// null_keyword true\n -> |null",
+        "\xEF\xBB\xBF\n\xEF\xBB\xBF// null_keyword true\n -> ",
         // The keyword lies behind what counts of the line, or its value does; the mark counts.
-        {"//" + std::string(998, ' ') + "null_keyword true\n", "", false, false},
-        {kMark + "//" + std::string(983, ' ') + "null_keyword true\n", "", false, false},
-        {"// archive_version " + std::string(99, '1') + "23\n", "1+2", false, false},
-    };
-    for (const Case& c : cases) {
-        const WorkFolder folder;
-        writeFile("a.12da", c.text);
-        Text<100> version;
-        bool nullKeyword = false;
-        bool hexFloats = false;
-        runInProcess([&] {
-            int unit = 0;
-            FILEOPEN(unit, "I ", "a.12da");
-            version = d12ArchiveVersion(unit);
-            nullKeyword = d12NullKeyword(unit);
-            hexFloats = d12HexFloats(unit);
-        });
-        const std::string expected =
-            c.version == "1+2" ? std::string(99, '1') + "2" : std::string(c.version);
-        EXPECT_EQ(version.view(), expected) << c.text;
-        EXPECT_EQ(nullKeyword, c.nullKeyword) << c.text;
-        EXPECT_EQ(hexFloats, c.hexFloats) << c.text;
-    }
+        "//" + std::string(998, ' ') + "null_keyword true\n -> ",
+        "\xEF\xBB\xBF//" + std::string(983, ' ') + "null_keyword true\n -> ",
+        "// archive_version " + std::string(99, '1') + "23\n -> " + std::string(99, '1') + "2");
+}
+
+// The first line of the data, the null value, and what the console tells behind the opener's line.
+template <bool kNullKeyword>
+std::string data(std::string_view text) {
+    std::string told;
+    const RunResult run = runOnFile(text, "I ", [&told](int unit) {
+        float nullValue = -99999.0F;
+        std::string_view line;
+        if (!d12FindData(unit, nullValue, kNullKeyword))
+            line = "no data";
+        else if (readLine(unit, line) != ReadResult::ok)
+            line = {};
+        told = std::string(line) + '|' + std::to_string(nullValue) + '|';
+    });
+    const std::string closed = "...Closed File Unit:1002\n";
+    return told + run.console.substr(run.console.find(closed) + closed.size());
 }
 
 TEST(Head, DataBeginsBehindTheModelLine) {
-    struct Case {
-        std::string text;
-        bool nullKeyword;
-        bool found;
-        float nullValue;
-        std::string_view next;     // first line of the data
-        std::string_view console;  // what is told of the null value
-    };
-    const Case cases[] = {
-        {"", false, true, -99999.0F, "", ""},
-        {"one\nMODEL x\ntwo\n", false, true, -99999.0F, "two", ""},
-        {kMark + "model\ntwo\n", false, true, -99999.0F, "two", ""},
-        {" model\ntwo\n", false, true, -99999.0F, "", ""},
-        {"null -999\nmodel\ntwo\n", false, true, -999.0F, "two",
-         "\n12D null value set to:    -999.000\n"},
-        {"Null -1e2\nnull 0.5,7\nmodel\ntwo\n", false, true, 0.5F, "two",
-         "\n12D null value set to:    -100.000\n\n12D null value set to:       0.500\n"},
-        {"null 5\nmodel\ntwo\n", true, true, -99999.0F, "two",
-         "\n12D null value set to keyword \"null\"\n"},
-        {"null -999\n", false, true, -99999.0F, "", ""},  // the file ends before the line counts
-        {"null\nmodel\ntwo\n", false, false, -99999.0F, "", ""},
-        {"null x\nmodel\ntwo\n", false, false, -99999.0F, "", ""},
-        {"null" + std::string(96, ' ') + "5\nmodel\n", false, false, -99999.0F, "", ""},
-    };
-    for (const Case& c : cases) {
-        const WorkFolder folder;
-        writeFile("a.12da", c.text);
-        float nullValue = kNullElevation;
-        bool found = false;
-        std::string next;
-        const RunResult run = runInProcess([&] {
-            int unit = 0;
-            FILEOPEN(unit, "I ", "a.12da");
-            found = d12FindData(unit, nullValue, c.nullKeyword);
-            std::string_view line;
-            if (found && readLine(unit, line) == ReadResult::ok) next = line;
-        });
-        EXPECT_EQ(found, c.found) << c.text;
-        EXPECT_EQ(nullValue, c.nullValue) << c.text;
-        EXPECT_EQ(next, c.next) << c.text;
-        const std::string expected =
-            std::string(c.console) +
-            (c.found ? ""
-                     : "\nWARNING - Problems finding start of data in .12da file\n"
-                       "\nPress Enter to Continue\n");
-        const std::string closed = "...Closed File Unit:1002\n";
-        EXPECT_EQ(run.console.substr(run.console.find(closed) + closed.size()), expected) << c.text;
-    }
+    const std::string notFound =
+        " -> no data|-99999.000000|\nWARNING - Problems finding start of data in .12da file\n"
+        "\nPress Enter to Continue\n";
+    checkRows(data<false>, " -> |-99999.000000|", "one\nMODEL x\ntwo\n -> two|-99999.000000|",
+              "\xEF\xBB\xBFmodel\ntwo\n -> two|-99999.000000|", " model\ntwo\n -> |-99999.000000|",
+              "null -999\nmodel\ntwo\n -> two|-999.000000|\n12D null value set to:    -999.000\n",
+              "Null -1e2\nnull 0.5,7\nmodel\ntwo\n -> two|0.500000|"
+              "\n12D null value set to:    -100.000\n\n12D null value set to:       0.500\n",
+              "null -999\n -> |-99999.000000|",  // the file ends before the line counts
+              "null\nmodel\ntwo\n" + notFound, "null x\nmodel\ntwo\n" + notFound,
+              "null" + std::string(96, ' ') + "5\nmodel\n" + notFound);
+    checkRows(data<true>,
+              "null 5\nmodel\ntwo\n -> two|-99999.000000|"
+              "\n12D null value set to keyword \"null\"\n");
 }
 
 TEST(Head, RefusesUtf16) {
-    for (const std::string text : {"\xFF\xFEm", "\xFE\xFFm"}) {
-        const WorkFolder folder;
-        writeFile("a.12da", text);
-        const RunResult run = runInProcess([] {
-            int unit = 0;
-            FILEOPEN(unit, "I ", "a.12da");
-            d12CheckEncoding(unit);
-        });
+    for (const std::string_view text : {"\xFF\xFEm", "\xFE\xFFm"}) {
+        const RunResult run = runOnFile(text, "I ", d12CheckEncoding);
         EXPECT_TRUE(run.ended);
-        EXPECT_NE(run.console.find("\n\nERROR - Source 12da is encoded using UTF-16\n"
-                                   "\nPress Enter to Close\n"),
-                  std::string::npos);
+        EXPECT_TRUE(holds(run.console,
+                          "\n\nERROR - Source 12da is encoded using UTF-16\n"
+                          "\nPress Enter to Close\n"));
     }
 }
 

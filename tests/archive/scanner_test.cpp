@@ -16,45 +16,31 @@ namespace {
 
 // Reads objects as a conversion does. Each gives "type,flags,name" and its vertices or what else
 // came of it, such as "3d,3,A: 1 2 3; 4 5 6\n".
-class Objects {
-  public:
-    RunResult read(const std::string& text, bool nullKeyword = false, bool hexFloats = false) {
-        const WorkFolder folder;
-        writeFile("a.12da", text);
-        told_.str("");
-        return runInProcess([&] {
-            Archive archive;
-            archive.nullKeyword = nullKeyword;
-            archive.hexFloats = hexFloats;
-            FILEOPEN(archive.unit, "I ", "a.12da");
-            std::string_view line;
-            while (d12NextObject(archive.unit, line, object_)) tell(archive, line);
-        });
-    }
-    [[nodiscard]] std::string told() const { return told_.str(); }
-
-  private:
-    void tell(const Archive& archive, std::string_view line) {
-        const D12Object& o = object_;
-        told_ << o.typeText.view() << ',' << (o.isSuper ? "s" : "") << (o.isPolyline ? "p" : "")
-              << (o.data2d ? "2" : "") << (o.data3d ? "3" : "") << (o.hipData ? "h" : "") << ','
-              << o.name.view() << ':';
-        std::int32_t count = 0;
-        if (!o.data2d && !o.data3d && !o.hipData) {
-            told_ << " ignored";
-            d12PassOver(archive.unit, line, object_);
-        } else if (!d12ReadVertices(archive, object_, z_, 4, count)) {
-            told_ << " no data";
+RunResult readObjects(const std::string& text, std::ostringstream& told, bool nullKeyword,
+                      bool hexFloats) {
+    return runOnFile(text, "I ", [&](int unit) {
+        Archive archive;
+        archive.unit = unit;
+        archive.nullKeyword = nullKeyword;
+        archive.hexFloats = hexFloats;
+        D12Object o;
+        std::vector<float> z;
+        for (std::string_view line; d12NextObject(unit, line, o); told << '\n') {
+            told << o.typeText.view() << ',' << (o.isSuper ? "s" : "") << (o.isPolyline ? "p" : "")
+                 << (o.data2d ? "2" : "") << (o.data3d ? "3" : "") << (o.hipData ? "h" : "") << ','
+                 << o.name.view() << ':';
+            std::int32_t count = 0;
+            if (!o.data2d && !o.data3d && !o.hipData) {
+                told << " ignored";
+                d12PassOver(unit, line, o);
+            } else if (!d12ReadVertices(archive, o, z, 4, count)) {
+                told << " no data";
+            }
+            for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
+                told << (i > 0 ? "; " : " ") << gisX[i] << ' ' << gisY[i] << ' ' << z[i];
         }
-        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
-            told_ << (i > 0 ? "; " : " ") << gisX[i] << ' ' << gisY[i] << ' ' << z_[i];
-        told_ << '\n';
-    }
-
-    D12Object object_;
-    std::vector<float> z_;
-    std::ostringstream told_;
-};
+    });
+}
 
 struct Case {
     std::string text;
@@ -63,10 +49,9 @@ struct Case {
 
 void expectObjects(const std::vector<Case>& cases, bool nullKeyword = false, bool hex = false) {
     for (const Case& c : cases) {
-        Objects objects;
-        const RunResult run = objects.read(c.text, nullKeyword, hex);
-        EXPECT_EQ(objects.told(), c.expected) << c.text;
-        EXPECT_FALSE(run.ended) << c.text << run.console;
+        std::ostringstream told;
+        EXPECT_FALSE(readObjects(c.text, told, nullKeyword, hex).ended) << c.text;
+        EXPECT_EQ(told.str(), c.expected) << c.text;
     }
 }
 
@@ -108,15 +93,11 @@ TEST(Scanner, ClosesPolylines) {
     };
     const std::string open = "3d polyline,p3,: 1 2 3; 4 5 6\n";
     const std::string closed = "3d polyline,p3,: 1 2 3; 4 5 6; 1 2 3\n";
+    for (const char* line : {"", "closed 1", "CLOSED   true", "closedYes", "closed 0\nclosed yes"})
+        expectObjects({{polyline(line), closed}});
+    for (const char* line : {"closed 0", "closed", "closed \"true\""})
+        expectObjects({{polyline(line), open}});
     expectObjects({
-        {polyline(""), closed},
-        {polyline("closed 1"), closed},
-        {polyline("CLOSED   true"), closed},
-        {polyline("closedYes"), closed},
-        {polyline("closed 0\nclosed yes"), closed},
-        {polyline("closed 0"), open},
-        {polyline("closed"), open},
-        {polyline("closed \"true\""), open},
         {"string 3d {\nclosed 1\ndata {\n1 2 3\n}\n", "3d,3,: 1 2 3\n"},
         {"string polyline {\ndata {\n}\n", "polyline,p3,: 0 0 -99999\n"},
         {"string polyline {\ndata {\n1 2 3\n}\nstring polyline {\ndata {\n}\n",
@@ -189,7 +170,7 @@ TEST(Scanner, StopsAtWhatCannotBeRead) {
     const std::string erroneous = "ERROR - Reading .12da file.  Erroneous line is:\n";
     const std::string tooFew = "ERROR - Unexpected end of .12da file encountered.\n";
     const std::string inHeader = "ERROR - Reading data (d12ObjectType)\n";
-    const std::vector<Case> cases = {
+    const Case cases[] = {
         {"3d {\ndata {\n  1 two 3  // note\n}\n", erroneous + "1 two 3\n"},
         {"3d {\ndata {\n1 2 nan\n}\n", erroneous + "1 2 nan\n"},
         {"3d {\ndata {\n1 2 null\n}\n", erroneous + "1 2 null\n"},
@@ -206,8 +187,8 @@ TEST(Scanner, StopsAtWhatCannotBeRead) {
          "        Requested       5        Limit       4\n"},
     };
     for (const Case& c : cases) {
-        Objects objects;
-        const RunResult run = objects.read("string " + c.text);
+        std::ostringstream told;
+        const RunResult run = readObjects("string " + c.text, told, false, false);
         const std::string opened = "Opened File Unit:1001\n";
         EXPECT_TRUE(run.ended) << c.text;
         EXPECT_EQ(run.console.substr(run.console.find(opened) + opened.size()),

@@ -32,14 +32,6 @@ std::int32_t scan(const std::vector<Place>& points, Place vertex) {
     return kNoPoint;
 }
 
-// Every combination of two values.
-std::vector<Place> pairsOf(const std::vector<double>& values) {
-    std::vector<Place> places;
-    for (const double x : values)
-        for (const double y : values) places.push_back({x, y});
-    return places;
-}
-
 // Points scattered over `extent` from `corner`, as multiples of `grid` if that is not 0; vertices
 // beside them, up to 1.5 tolerances away or at exactly one.
 Layout scattered(const std::string& name, Place corner, Place extent, double grid) {
@@ -76,29 +68,33 @@ Layout crowded(const std::string& name, double xStep, double yStep) {
 }
 
 std::vector<Layout> layouts() {
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    constexpr double kMost = std::numeric_limits<double>::max();
-    const std::vector<Place> odd = pairsOf({0.0,
-                                            -0.0,
-                                            std::numeric_limits<double>::quiet_NaN(),
-                                            kInfinity,
-                                            -kInfinity,
-                                            kMost,
-                                            -kMost,
-                                            1e300,
-                                            9.1e16,
-                                            -9.1e16,
-                                            0x1p53,
-                                            0x1p53 + 2,
-                                            0x1p44,
-                                            0x1p44 + 0x1p-8,
-                                            0x1p43 + 0x1p-9,
-                                            std::nextafter(0x1p43, 0.0),
-                                            1e-320,
-                                            -0.001,
-                                            0.001,
-                                            -kTolerance,
-                                            kTolerance});
+    using Limits = std::numeric_limits<double>;
+    const double nan = Limits::quiet_NaN(), infinity = Limits::infinity(), most = Limits::max();
+    const double below = std::nextafter(0x1p43, 0.0), tiny = 1e-320;
+    const double values[] = {0.0,
+                             -0.0,
+                             nan,
+                             infinity,
+                             -infinity,
+                             most,
+                             -most,
+                             1e300,
+                             9.1e16,
+                             -9.1e16,
+                             tiny,
+                             below,
+                             0x1p53,
+                             0x1p53 + 2,
+                             0x1p44,
+                             0x1p44 + 0x1p-8,
+                             0x1p43 + 0x1p-9,
+                             -0.001,
+                             0.001,
+                             -kTolerance,
+                             kTolerance};
+    std::vector<Place> odd;
+    for (const double x : values)
+        for (const double y : values) odd.push_back({x, y});
     return {
         {"no points", {}, odd},
         {"odd values", odd, odd},

@@ -12,16 +12,8 @@
 namespace vantelgis {
 namespace {
 
-// Calls `body` with a unit whose file holds `bytes`.
 void withFile(std::string_view bytes, std::string_view mode, const std::function<void(int)>& body) {
-    const WorkFolder folder;
-    writeFile("in", bytes);
-    const auto run = runInProcess([&] {
-        int unit = 0;
-        FILEOPEN(unit, mode, "in");
-        body(unit);
-    });
-    EXPECT_FALSE(run.ended);
+    EXPECT_FALSE(runOnFile(bytes, mode, body).ended);
 }
 
 // The next line, shortened to its size and last character when it is a long one.
@@ -56,11 +48,11 @@ TEST(UnitReading, LineEndsAtTheBorderOfTheBuffer) {
         withFile(bytes, "I ", [&](int unit) {
             std::string found;
             while ((found = nextLine(unit)).starts_with('x')) continue;
-            EXPECT_EQ(found, line) << before;
-            EXPECT_EQ(nextLine(unit), "next") << before;
+            EXPECT_EQ(found, line);
+            EXPECT_EQ(nextLine(unit), "next");
             backspaceUnit(unit);
-            EXPECT_EQ(nextLine(unit), "next") << before;
-            EXPECT_TRUE(atEnd(unit)) << before;
+            EXPECT_EQ(nextLine(unit), "next");
+            EXPECT_TRUE(atEnd(unit));
         });
     }
 }
@@ -73,20 +65,21 @@ TEST(UnitReading, LongLines) {
         const std::size_t kept = std::min(size, kLongestLine);
         const std::string expected = std::to_string(kept) + 'y';
         const std::string last = std::to_string(kept) + 'z';
+        const auto next = [](int unit) {
+            const std::string first = nextLine(unit);
+            return first + ' ' + nextLine(unit);
+        };
         withFile(std::string(size, 'y') + "\r\nnext\n" + std::string(size, 'z'), "I ",
                  [&](int unit) {
                      EXPECT_FALSE(atEnd(unit));  // fills the buffer before the line is read
-                     EXPECT_EQ(nextLine(unit), expected) << size;
-                     EXPECT_EQ(nextLine(unit), "next") << size;
+                     EXPECT_EQ(next(unit), expected + " next");
                      backspaceUnit(unit);
-                     EXPECT_EQ(nextLine(unit), "next") << size;
-                     EXPECT_EQ(nextLine(unit), last) << size;
-                     EXPECT_TRUE(atEnd(unit)) << size;
+                     EXPECT_EQ(next(unit), "next " + last);
+                     EXPECT_TRUE(atEnd(unit));
                      backspaceUnit(unit);
-                     EXPECT_EQ(nextLine(unit), last) << size;
+                     EXPECT_EQ(nextLine(unit), last);
                      rewindUnit(unit);
-                     EXPECT_EQ(nextLine(unit), expected) << size;
-                     EXPECT_EQ(nextLine(unit), "next") << size;
+                     EXPECT_EQ(next(unit), expected + " next");
                  });
     }
 }

@@ -14,6 +14,7 @@
 
 #include "driver/program.h"
 #include "run/console.h"
+#include "run/opener.h"
 #include "run/platform.h"
 #include "run/units.h"
 #include "support/fresh_start.h"
@@ -109,6 +110,17 @@ RunResult runInProcess(const std::function<void()>& body, std::string_view typed
     FILESINIT(1000);  // closes what a body that returned left open
     result.console = withPlainLineEnds(output.get());
     return result;
+}
+
+RunResult runOnFile(std::string_view bytes, std::string_view mode,
+                    const std::function<void(int)>& body) {
+    const WorkFolder folder;
+    writeFile("in", bytes);
+    return runInProcess([&] {
+        int unit = 0;
+        FILEOPEN(unit, mode, "in");
+        body(unit);
+    });
 }
 
 RunResult runProgramInProcess(std::initializer_list<std::string_view> arguments,

@@ -18,6 +18,10 @@ struct RunResult {
 /// the console captured. What would end the process ends only the call.
 RunResult runInProcess(const std::function<void()>& body, std::string_view typed = {});
 
+/// The same with a unit that is open in `mode` on a file of these bytes, in a folder of its own.
+RunResult runOnFile(std::string_view bytes, std::string_view mode,
+                    const std::function<void(int)>& body);
+
 /// A whole run of the program with these arguments behind its own path.
 RunResult runProgramInProcess(std::initializer_list<std::string_view> arguments,
                               std::string_view typed = {});

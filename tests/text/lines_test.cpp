@@ -1,8 +1,8 @@
 #include <string>
 
+#include "support/rows.h"
 #include "text/csv.h"
 #include "text/line_tests.h"
-#include "text/rows.h"
 #include "text/tokens.h"
 
 namespace vantelgis {
@@ -16,11 +16,10 @@ std::string commands(std::string_view both) {
 }
 
 TEST(Lines, Commands) {
-    checkRows(commands, {"  read mi z line == x|Z Line -> r", "Read GIS Code|code   -> r",
-                         "Read MI x, Read MI code|code -> r", "Read MI| -> r", "Read MI|code -> ",
-                         "Read MID code|code -> c", "Read MI  code|code -> ",
-                         "write gis code|code -> w", "Write MI code|code -> w",
-                         "READ ROWCOL code|code -> c", "Read GIS codes|code -> r"});
+    checkRows(commands, "  read mi z line == x|Z Line -> r", "Read GIS Code|code   -> r",
+              "Read MI x, Read MI code|code -> r", "Read MI| -> r", "Read MI|code -> ",
+              "Read MID code|code -> c", "Read MI  code|code -> ", "write gis code|code -> w",
+              "Write MI code|code -> w", "READ ROWCOL code|code -> c", "Read GIS codes|code -> r");
 }
 
 // The answer of a test that trims its line, and what is left of that.
@@ -32,13 +31,12 @@ std::string trimmed(std::string_view text) {
 }
 
 TEST(Lines, TestsThatTrim) {
-    checkRows(trimmed<COMMENTLINE>,
-              {"  # text -> yes []", "value ! note # more -> no [value]", "  value# -> no [value]",
-               "     -> yes []", " \t! x -> no [\t]"});
-    checkRows(trimmed<NUMBERLINE>, {"  -x -> yes [-x]", ". -> yes [.]", "   -> yes []",
-                                    " 7 -> yes [7]", " +1 -> no [+1]"});
-    checkRows(trimmed<POSITIVEINTEGERNUMBER>,
-              {"  012 -> yes [012]", "1 2 -> no [1 2]", "-1 -> no [-1]", "  -> no []"});
+    checkRows(trimmed<COMMENTLINE>, "  # text -> yes []", "value ! note # more -> no [value]",
+              "  value# -> no [value]", "     -> yes []", " \t! x -> no [\t]");
+    checkRows(trimmed<NUMBERLINE>, "  -x -> yes [-x]", ". -> yes [.]", "   -> yes []",
+              " 7 -> yes [7]", " +1 -> no [+1]");
+    checkRows(trimmed<POSITIVEINTEGERNUMBER>, "  012 -> yes [012]", "1 2 -> no [1 2]",
+              "-1 -> no [-1]", "  -> no []");
 }
 
 // The answer of CHECKLINE to "line|key|separator", with left side and value. The value goes back
@@ -54,13 +52,13 @@ std::string checked(std::string_view row) {
 }
 
 TEST(Lines, ConfigurationLines) {
-    checkRows(checked<0>, {"Start Time == 0|start time|== -> yes [Start Time][ 0]",
-                           "End Time == 0|start time|== -> no [End Time][ 0]",
-                           " == 0|*|== -> no [][ 0]", "Flag|flag|==   -> yes [Flag][]",
-                           "|*|== -> yes [][]", "key value|key|  -> no [][key value]",
-                           "key value|*| -> yes [][key value]", "a=b=c|A|= -> yes [a][b=c]"});
-    checkRows(checked<5>, {" == 0|*|== -> no [][ 0]", "Flags value|flag|== -> yes [Flags][ value]",
-                           "     value|*| -> no [][value]", "ab|b| -> yes [ab][]"});
+    checkRows(checked<0>, "Start Time == 0|start time|== -> yes [Start Time][ 0]",
+              "End Time == 0|start time|== -> no [End Time][ 0]", " == 0|*|== -> no [][ 0]",
+              "Flag|flag|==   -> yes [Flag][]", "|*|== -> yes [][]",
+              "key value|key|  -> no [][key value]", "key value|*| -> yes [][key value]",
+              "a=b=c|A|= -> yes [a][b=c]");
+    checkRows(checked<5>, " == 0|*|== -> no [][ 0]", "Flags value|flag|== -> yes [Flags][ value]",
+              "     value|*| -> no [][value]", "ab|b| -> yes [ab][]");
 }
 
 TEST(Lines, CommaSeparated) {
@@ -105,9 +103,9 @@ TEST(Lines, Substrings) {
 
 TEST(Lines, CountOfNumbers) {
     checkRows([](std::string_view line) { return std::to_string(NUMBEROFNUMBERS(line)); },
-              {"1 2,,3 -> 4", "1 2 x -> -2", " -> 0", "x -> 0", "-1.5e3\t2 ! 3 -> 2", "1#2 -> 1",
-               ",1 -> 1", ",,1 -> 2", "1 , 2 -> 2", "1,2, -> 2", "1 +2 -> -1", "e E -> 2",
-               "1, , 2, 3 -> 4"});
+              "1 2,,3 -> 4", "1 2 x -> -2", " -> 0", "x -> 0", "-1.5e3\t2 ! 3 -> 2", "1#2 -> 1",
+              ",1 -> 1", ",,1 -> 2", "1 , 2 -> 2", "1,2, -> 2", "1 +2 -> -1", "e E -> 2",
+              "1, , 2, 3 -> 4");
 }
 
 }  // namespace

@@ -3,9 +3,9 @@
 
 #include "run/opener.h"
 #include "support/in_process_run.h"
+#include "support/rows.h"
 #include "text/extract.h"
 #include "text/input_lines.h"
-#include "text/rows.h"
 #include "text/strings.h"
 
 namespace vantelgis {
@@ -23,12 +23,11 @@ std::string valueIn(std::string_view line) {
 }
 
 TEST(Extract, Strings) {
-    checkRows(valueIn<EXTRACTSTRING>,
-              {"x, KEY = A b , c -> A b", "key='a, b', c -> a, b",
-               "key=\"it''s\"\", x\",c -> its, x", "key =a, key = b -> a", "1, \"x, y\" ,3 -> x, y",
-               "'a,''b', c,d -> c", "a,b -> b", "a -> ", "a, -> ", "key = -> "});
-    checkRows(valueIn<EXTRACTSTRINGREM>,
-              {"x, key = a, 'b', c  -> a, b, c", "a, b, c -> b, c", "a -> "});
+    checkRows(valueIn<EXTRACTSTRING>, "x, KEY = A b , c -> A b", "key='a, b', c -> a, b",
+              "key=\"it''s\"\", x\",c -> its, x", "key =a, key = b -> a", "1, \"x, y\" ,3 -> x, y",
+              "'a,''b', c,d -> c", "a,b -> b", "a -> ", "a, -> ", "key = -> ");
+    checkRows(valueIn<EXTRACTSTRINGREM>, "x, key = a, 'b', c  -> a, b, c", "a, b, c -> b, c",
+              "a -> ");
     Text<20> out("old");
     EXTRACTSTRING(out, "a, b", "a, b", "key", 0);
     EXPECT_TRUE(out.blank());

@@ -1,9 +1,9 @@
 #include <string>
 
+#include "support/rows.h"
 #include "text/line_tests.h"
 #include "text/paths.h"
 #include "text/replace.h"
-#include "text/rows.h"
 #include "text/strings.h"
 
 namespace vantelgis {
@@ -20,15 +20,14 @@ std::string changed(std::string_view text) {
 }
 
 TEST(Strings, Changes) {
-    checkRows(changed<10, TRIMF>, {"  a b   -> a b", "     -> ", "\t a -> \t a"});
-    checkRows(changed<10, REMOVETABS>, {"\ta\t b\t -> a b", "\t \t -> "});
-    checkRows(changed<10, REMOVEQUOTES>, {"\"it's\" \"\" -> its"});
-    checkRows(changed<10, REMOVESPACES>, {" a b\tc  -> ab\tc"});
-    checkRows(changed<10, DOUBLEQUOTE>,
-              {"\"a\" 'b' -> \"\"a\"\" 'b'", "\"\"\"abcdef -> \"\"\"\"\"\"abcd",
-               "12345678 \" -> 12345678 \""});
-    checkRows(changed<10, UPPERCASE>, {"aZ[\xE4{z -> AZ[\xE4{Z"});
-    checkRows(changed<10, LOWERCASE>, {"az[\xC4@A -> az[\xC4@a"});
+    checkRows(changed<10, TRIMF>, "  a b   -> a b", "     -> ", "\t a -> \t a");
+    checkRows(changed<10, REMOVETABS>, "\ta\t b\t -> a b", "\t \t -> ");
+    checkRows(changed<10, REMOVEQUOTES>, "\"it's\" \"\" -> its");
+    checkRows(changed<10, REMOVESPACES>, " a b\tc  -> ab\tc");
+    checkRows(changed<10, DOUBLEQUOTE>, "\"a\" 'b' -> \"\"a\"\" 'b'",
+              "\"\"\"abcdef -> \"\"\"\"\"\"abcd", "12345678 \" -> 12345678 \"");
+    checkRows(changed<10, UPPERCASE>, "aZ[\xE4{z -> AZ[\xE4{Z");
+    checkRows(changed<10, LOWERCASE>, "az[\xC4@A -> az[\xC4@a");
 }
 
 TEST(Strings, CleanNames) {
@@ -39,8 +38,8 @@ TEST(Strings, CleanNames) {
         ALPHANUMERICONLY(out, out, {&fill, 1});
         return std::string(out.view());
     };
-    checkRows(only, {"_a-b -> a_b", "0--- -> X", "0a-b c1 -> abc1", " -.- -> X", "_ -> X",
-                     " C:\\flood\\l   -> C  flood l"});
+    checkRows(only, "_a-b -> a_b", "0--- -> X", "0a-b c1 -> abc1", " -.- -> X", "_ -> X",
+              " C:\\flood\\l   -> C  flood l");
     Text<12> out;
     ALPHANUMERICONLY(out, "a-b", "");
     EXPECT_EQ(out.view(), "a b");
@@ -50,7 +49,7 @@ TEST(Strings, CleanNames) {
         CLEANATTRIBUTENAME(name, s, 10);
         return std::string(name.view());
     };
-    checkRows(attribute, {"Max_h (m) -> Max_hm", "ABCDEFGHIJKL -> ABCDEFGHIJ", "() -> X"});
+    checkRows(attribute, "Max_h (m) -> Max_hm", "ABCDEFGHIJKL -> ABCDEFGHIJ", "() -> X");
     EXPECT_EQ(attribute({"ID\0\0\0", 5}), "ID");
     CLEANATTRIBUTENAME(out, "abc", -1);
     EXPECT_EQ(out.view(), "X");
@@ -68,10 +67,9 @@ std::string sameness(std::string_view both) {
 }
 
 TEST(Strings, Comparisons) {
-    checkRows(sameness,
-              {"\"TRUE\"|true -> other case", "a b|ab -> different", " \" \t'a|a   -> same",
-               "'abc '|abc -> same", "|\"\" -> same", "a| -> different", "abc|abcd -> different",
-               "\ta\tb|ab -> same", "a\"b|A'B -> other case"});
+    checkRows(sameness, "\"TRUE\"|true -> other case", "a b|ab -> different",
+              " \" \t'a|a   -> same", "'abc '|abc -> same", "|\"\" -> same", "a| -> different",
+              "abc|abcd -> different", "\ta\tb|ab -> same", "a\"b|A'B -> other case");
     const std::string thousand(1000, 'x');
     EXPECT_TRUE(ASAMECS(thousand, thousand + "y"));
 }
@@ -86,12 +84,11 @@ std::string behindFlag(std::string_view both) {
 }
 
 TEST(Strings, Flags) {
-    checkRows(behindFlag,
-              {"String 2D {|2d -> [ {]", "String 2D {|2d   -> [ {]",
-               "abAbaBc Rest|ABABC -> [ Rest]", "aab|AB -> []", "aab|b c -> none", "ab|abc -> none",
-               "line| -> [line]", "line|    -> [line]", "| -> []", "|a -> none",
-               // 32 apart, yet no letters
-               "x@y|X`Y -> none", "a[b|A{B -> none"});
+    checkRows(behindFlag, "String 2D {|2d -> [ {]", "String 2D {|2d   -> [ {]",
+              "abAbaBc Rest|ABABC -> [ Rest]", "aab|AB -> []", "aab|b c -> none", "ab|abc -> none",
+              "line| -> [line]", "line|    -> [line]", "| -> []", "|a -> none",
+              // 32 apart, yet no letters
+              "x@y|X`Y -> none", "a[b|A{B -> none");
     const std::string capacity(kLineCapacity - 4, '.');
     EXPECT_TRUE(FLAGEXISTS(capacity + "FLAG", "flag"));
     EXPECT_FALSE(FLAGEXISTS(capacity + ".FLAG", "flag"));
@@ -113,12 +110,12 @@ std::string replaced(std::string_view row) {
 }
 
 TEST(Strings, Replacements) {
-    checkRows(replaced<REPLACE>, {"a null b NULL|null|-9 -> a -9 b NULL", "abc|x|y -> abc",
-                                  "abc|  |y -> abc", "abc|B  |12   -> a12c", "a null|null| -> a"});
-    checkRows(replaced<REPLACEALL>,
-              {"a null b NULL|null|-99999 -> a -99999 b -99999", "aaa|a|bc -> bcbcbc",
-               "nnullull null x|NULL| ->   x", "a.b.c|.|.. -> a..b..c", "xAx|a|a -> xax",
-               "1234567890123456789a|a|bcd -> 1234567890123456789b", "abc||x -> abc"});
+    checkRows(replaced<REPLACE>, "a null b NULL|null|-9 -> a -9 b NULL", "abc|x|y -> abc",
+              "abc|  |y -> abc", "abc|B  |12   -> a12c", "a null|null| -> a");
+    checkRows(replaced<REPLACEALL>, "a null b NULL|null|-99999 -> a -99999 b -99999",
+              "aaa|a|bc -> bcbcbc", "nnullull null x|NULL| ->   x", "a.b.c|.|.. -> a..b..c",
+              "xAx|a|a -> xax", "1234567890123456789a|a|bcd -> 1234567890123456789b",
+              "abc||x -> abc");
     // The capacity of the result cuts what is left, not what goes in.
     Text<4> narrow;
     REPLACEALL(narrow, "aaaaaa1234", "a", "");
@@ -129,33 +126,31 @@ TEST(Strings, Replacements) {
 }
 
 TEST(Paths, Pieces) {
-    checkRows(changed<1000, FILEEXT>,
-              {"site.v2\\model -> ", "A.MIF -> .mif", "a.b.C   -> .c", "a/b. -> .", "noext -> "});
-    checkRows(changed<1000, FILEEXTKC>, {"A.MIF -> .MIF"});
-    checkRows(changed<1000, FILENAME>,
-              {"C:\\a\\b.c.d -> b.c", "C:\\a\\.hidden -> .hidden", ".hidden -> ",
-               "readme -> readme", "C:\\a.b\\c -> c", "a/b\\c/d.e -> d", "C:\\a\\ -> "});
-    checkRows(changed<1000, FILENAMEEXT>, {"C:\\a/b.c.d -> b.c.d", "b.c -> b.c", "a\\ -> "});
-    checkRows(changed<1000, FILENAMEPATH>,
-              {".hidden -> .hidden", "C:\\a.b\\c -> C:\\a.b\\c", "C:\\a\\b.mif -> C:\\a\\b",
-               "C:\\a\\.hidden -> C:\\a\\"});
-    checkRows(changed<1000, FILEFOLDERPATH>, {"a.txt -> ", "C:\\a/b.txt -> C:\\a/"});
-    checkRows(changed<1000, FILE___EXT>,
-              {"C:\\x_y\\site_QMED_Max.shp -> _max", "x_y\\site.shp -> ", "site_.shp -> _"});
-    checkRows(changed<1000, FILENAMENO_>,
-              {"C:\\x\\site_a_b.shp -> site_a", "x_y\\site.shp -> site", "x\\_site.shp -> "});
-    checkRows(changed<1000, FILENAMEPATHNO_>,
-              {"C:\\x\\site_a_b.shp -> C:\\x\\site_a", "x_y\\site.shp -> x_y\\site",
-               "_site.shp -> _site", "x\\_site.shp -> x\\"});
+    checkRows(changed<1000, FILEEXT>, "site.v2\\model -> ", "A.MIF -> .mif", "a.b.C   -> .c",
+              "a/b. -> .", "noext -> ");
+    checkRows(changed<1000, FILEEXTKC>, "A.MIF -> .MIF");
+    checkRows(changed<1000, FILENAME>, "C:\\a\\b.c.d -> b.c", "C:\\a\\.hidden -> .hidden",
+              ".hidden -> ", "readme -> readme", "C:\\a.b\\c -> c", "a/b\\c/d.e -> d",
+              "C:\\a\\ -> ");
+    checkRows(changed<1000, FILENAMEEXT>, "C:\\a/b.c.d -> b.c.d", "b.c -> b.c", "a\\ -> ");
+    checkRows(changed<1000, FILENAMEPATH>, ".hidden -> .hidden", "C:\\a.b\\c -> C:\\a.b\\c",
+              "C:\\a\\b.mif -> C:\\a\\b", "C:\\a\\.hidden -> C:\\a\\");
+    checkRows(changed<1000, FILEFOLDERPATH>, "a.txt -> ", "C:\\a/b.txt -> C:\\a/");
+    checkRows(changed<1000, FILE___EXT>, "C:\\x_y\\site_QMED_Max.shp -> _max", "x_y\\site.shp -> ",
+              "site_.shp -> _");
+    checkRows(changed<1000, FILENAMENO_>, "C:\\x\\site_a_b.shp -> site_a", "x_y\\site.shp -> site",
+              "x\\_site.shp -> ");
+    checkRows(changed<1000, FILENAMEPATHNO_>, "C:\\x\\site_a_b.shp -> C:\\x\\site_a",
+              "x_y\\site.shp -> x_y\\site", "_site.shp -> _site", "x\\_site.shp -> x\\");
 }
 
 TEST(Paths, DotDot) {
-    checkRows(changed<1000, REMOVEDOTDOT>,
-              {"a\\..\\b -> b", "..\\..\\b -> ..\\..\\b", "..\\a\\..\\b -> ..\\b",
-               "..\\..\\a\\..\\..\\b -> ..\\..\\..\\b", "\\..\\b\\..\\c -> \\..\\b\\..\\c",
-               "  C:\\a\\b\\..\\..\\c -> C:\\c", "C:\\a\\\\\\b -> C:\\a\\b",
-               "\\\\srv\\a\\\\b -> \\\\srv\\a\\\\b", "\\\\srv\\a\\..\\b -> \\\\srv\\b",
-               "C:\\a\\.\\.\\b -> C:\\a\\b", "C:/a/../b -> C:/a/../b", "a\\.. -> a\\.."});
+    checkRows(changed<1000, REMOVEDOTDOT>, "a\\..\\b -> b", "..\\..\\b -> ..\\..\\b",
+              "..\\a\\..\\b -> ..\\b", "..\\..\\a\\..\\..\\b -> ..\\..\\..\\b",
+              "\\..\\b\\..\\c -> \\..\\b\\..\\c", "  C:\\a\\b\\..\\..\\c -> C:\\c",
+              "C:\\a\\\\\\b -> C:\\a\\b", "\\\\srv\\a\\\\b -> \\\\srv\\a\\\\b",
+              "\\\\srv\\a\\..\\b -> \\\\srv\\b", "C:\\a\\.\\.\\b -> C:\\a\\b",
+              "C:/a/../b -> C:/a/../b", "a\\.. -> a\\..");
 }
 
 // Folder and name with a "|" between them.
@@ -167,11 +162,11 @@ std::string joined(std::string_view both) {
 }
 
 TEST(Paths, FolderAndName) {
-    checkRows(joined, {"C:\\a\\|..\\b\\c.csv -> C:\\b\\c.csv", "C:\\a|D:\\x.csv -> D:\\x.csv",
-                       "C:\\a|\\\\srv\\x -> \\\\srv\\x", "C:\\a  |  x.csv   -> C:\\a\\x.csv",
-                       "C:\\a|\\x -> C:\\a\\x", "C:\\a|/x -> C:\\a\\/x",
-                       "/home/a/|../b.mif -> /home/a/../b.mif", "|x.csv -> x.csv",
-                       "C:\\a\\| -> C:\\a\\", "| -> ."});
+    checkRows(joined, "C:\\a\\|..\\b\\c.csv -> C:\\b\\c.csv", "C:\\a|D:\\x.csv -> D:\\x.csv",
+              "C:\\a|\\\\srv\\x -> \\\\srv\\x", "C:\\a  |  x.csv   -> C:\\a\\x.csv",
+              "C:\\a|\\x -> C:\\a\\x", "C:\\a|/x -> C:\\a\\/x",
+              "/home/a/|../b.mif -> /home/a/../b.mif", "|x.csv -> x.csv", "C:\\a\\| -> C:\\a\\",
+              "| -> .");
     // A path that is too long is cut, wherever that falls.
     const std::string folder(999, 'f');
     EXPECT_EQ(joined(folder + "|name"), folder + "\\");
@@ -191,12 +186,12 @@ std::string belowAnother(std::string_view text) {
 }
 
 TEST(Paths, CleanAndDrive) {
-    checkRows(cleaned, {"  a\\\\\\b -> a\\b", "a//b -> a/b", "\\\\srv\\\\b -> \\\\srv\\\\b",
-                        "\\\\srv//b -> \\\\srv/b", "//a\\\\b//c -> //a\\b//c", "a/\\b -> a/\\b"});
-    checkRows(belowAnother,
-              {" c:\\data -> C Drive\\data absolute", "\\\\srv\\share -> URL\\srv\\share absolute",
-               "//srv/share -> URL\\srv/share absolute", "data\\a -> data\\a relative",
-               "\\\\c:\\x -> URL\\C Drive\\x absolute"});
+    checkRows(cleaned, "  a\\\\\\b -> a\\b", "a//b -> a/b", "\\\\srv\\\\b -> \\\\srv\\\\b",
+              "\\\\srv//b -> \\\\srv/b", "//a\\\\b//c -> //a\\b//c", "a/\\b -> a/\\b");
+    checkRows(belowAnother, " c:\\data -> C Drive\\data absolute",
+              "\\\\srv\\share -> URL\\srv\\share absolute",
+              "//srv/share -> URL\\srv/share absolute", "data\\a -> data\\a relative",
+              "\\\\c:\\x -> URL\\C Drive\\x absolute");
 }
 
 }  // namespace

@@ -4,19 +4,24 @@
 
 #include <algorithm>
 #include <array>
-#include <initializer_list>
 #include <string_view>
 
 namespace vantelgis {
 
 /// Each row holds an input, " -> " and what `result` is to make of it.
-template <typename Result>
-void checkRows(Result result, std::initializer_list<std::string_view> rows) {
+template <typename Result, typename... Rows>
+void checkRows(Result result, Rows... rows) {
     constexpr std::string_view kArrow = " -> ";
-    for (const std::string_view row : rows) {
+    for (const std::string_view row : {std::string_view(rows)...}) {
         const std::size_t at = row.find(kArrow);
         EXPECT_EQ(result(row.substr(0, at)), row.substr(at + kArrow.size())) << row;
     }
+}
+
+/// Whether `text` has `part` in it; a test that fails shows the whole of it.
+inline testing::AssertionResult holds(std::string_view text, std::string_view part) {
+    if (text.find(part) != std::string_view::npos) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << '"' << part << "\" is not in: " << text;
 }
 
 /// The first three texts of a row between "|".
