@@ -32,6 +32,15 @@ std::int32_t scan(const std::vector<Place>& points, Place vertex) {
     return kNoPoint;
 }
 
+// Every combination of two values.
+template <typename... Values>
+std::vector<Place> pairsOf(Values... values) {
+    std::vector<Place> places;
+    for (const double x : {values...})
+        for (const double y : {values...}) places.push_back({x, y});
+    return places;
+}
+
 // Points scattered over `extent` from `corner`, as multiples of `grid` if that is not 0; vertices
 // beside them, up to 1.5 tolerances away or at exactly one.
 Layout scattered(const std::string& name, Place corner, Place extent, double grid) {
@@ -70,31 +79,10 @@ Layout crowded(const std::string& name, double xStep, double yStep) {
 std::vector<Layout> layouts() {
     using Limits = std::numeric_limits<double>;
     const double nan = Limits::quiet_NaN(), infinity = Limits::infinity(), most = Limits::max();
-    const double below = std::nextafter(0x1p43, 0.0), tiny = 1e-320;
-    const double values[] = {0.0,
-                             -0.0,
-                             nan,
-                             infinity,
-                             -infinity,
-                             most,
-                             -most,
-                             1e300,
-                             9.1e16,
-                             -9.1e16,
-                             tiny,
-                             below,
-                             0x1p53,
-                             0x1p53 + 2,
-                             0x1p44,
-                             0x1p44 + 0x1p-8,
-                             0x1p43 + 0x1p-9,
-                             -0.001,
-                             0.001,
-                             -kTolerance,
-                             kTolerance};
-    std::vector<Place> odd;
-    for (const double x : values)
-        for (const double y : values) odd.push_back({x, y});
+    const std::vector<Place> odd =
+        pairsOf(0.0, -0.0, nan, infinity, -infinity, most, -most, 1e300, 9.1e16, -9.1e16, 0x1p53,
+                0x1p53 + 2, 0x1p44, 0x1p44 + 0x1p-8, 0x1p43 + 0x1p-9, std::nextafter(0x1p43, 0.0),
+                1e-320, -0.001, 0.001, -kTolerance, kTolerance);
     return {
         {"no points", {}, odd},
         {"odd values", odd, odd},

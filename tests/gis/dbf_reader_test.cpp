@@ -1,14 +1,12 @@
-#include <gtest/gtest.h>
-
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "gis/dbf/reader.h"
 #include "run/console.h"
-#include "run/opener.h"
 #include "run/unit_reading.h"
 #include "support/in_process_run.h"
+#include "support/rows.h"
 #include "support/shape_bytes.h"
 
 namespace vantelgis {
@@ -16,25 +14,18 @@ namespace {
 
 // Reads the header and `records` records of a table of these bytes and prints each in brackets.
 std::string readTable(const std::string& bytes, int records) {
-    const WorkFolder folder;
-    writeFile("a.dbf", bytes);
-    return runInProcess([&] {
-               dbfL_ dbf;
-               FILEOPEN(dbf.dbfUnit, "BI", "a.dbf");
-               dbfReadHeader(dbf);
-               for (int i = 0; i < records; ++i) {
-                   Line record;
-                   bool endMark = false;
-                   dbfReadRecord(dbf, endMark, record);
-                   consoleLine("[", record, "]", endMark ? " end mark" : "",
-                               atEnd(dbf.dbfUnit) ? " end" : "");
-               }
-           })
-        .console;
-}
-
-bool holds(const std::string& console, std::string_view text) {
-    return console.find(text) != std::string::npos;
+    const RunResult run = runOnFile(bytes, "BI", [records](int unit) {
+        dbfL_ dbf;
+        dbf.dbfUnit = unit;
+        dbfReadHeader(dbf);
+        for (int i = 0; i < records; ++i) {
+            Line record;
+            bool endMark = false;
+            dbfReadRecord(dbf, endMark, record);
+            consoleLine("[", record, "]", endMark ? " end mark" : "", atEnd(unit) ? " end" : "");
+        }
+    });
+    return run.console;
 }
 
 TEST(DbfReader, MakesALineOfARecord) {
@@ -48,17 +39,15 @@ TEST(DbfReader, MakesALineOfARecord) {
                       "3 DBF Fields (Name [#/Type/Length]): "
                       "NAME [1/C/6]  ABC [2/N/5]  X [3/d/4]  \n"
                       "[\"weir\",  1.5, x,y]\n"
-                      "[\"\",0,  z]\n"))
-        << console;
-    EXPECT_TRUE(holds(console, std::string("[\"\0a\0\0\",,]\n", 11))) << console;
+                      "[\"\",0,  z]\n"));
+    EXPECT_TRUE(holds(console, std::string("[\"\0a\0\0\",,]\n", 11)));
     // Three records in use, where the header counts four; behind the mark nothing else is taken.
     EXPECT_TRUE(holds(
         console,
         "WARNING 0405 - Insufficient number of records found in .dbf file.\n"
         "               Found 3, expecting 4.\n[] end mark\n"
         "\nERROR 0406 - Unrecognised record identifier found in .dbf file.\nCharacter = ? [63]\n"
-        "Data line thus far =\n"))
-        << console;
+        "Data line thus far =\n"));
 }
 
 TEST(DbfReader, CutsALineAtItsCapacity) {
@@ -70,8 +59,7 @@ TEST(DbfReader, CutsALineAtItsCapacity) {
         readTable(dbfHeader(1, fields) + " " + field + field + field + last, 1);
     const std::string quoted = '"' + field + "\",";
     EXPECT_TRUE(
-        holds(console, "[" + quoted + quoted + quoted + '"' + last.substr(0, 200) + "] end\n"))
-        << console;
+        holds(console, "[" + quoted + quoted + quoted + '"' + last.substr(0, 200) + "] end\n"));
 }
 
 TEST(DbfReader, TellsWhatIsWrongWithATable) {
@@ -95,8 +83,7 @@ TEST(DbfReader, TellsWhatIsWrongWithATable) {
         {header + '\r' + " 12", "ERROR 0406"},  // one byte between terminator and records
     };
     for (const auto& row : rows) {
-        const std::string console = readTable(row.bytes, 1);
-        EXPECT_TRUE(holds(console, row.message)) << console;
+        EXPECT_TRUE(holds(readTable(row.bytes, 1), row.message));
     }
 }
 

@@ -12,8 +12,9 @@ namespace vantelgis {
 namespace {
 
 // Writes the object at the nodes (1,2), (3,4), ... and gives what the layer holds behind its head.
-template <typename SetUp>
-std::string written(std::int32_t nodes, SetUp setUp) {
+// Its parts begin at the first node and at `second`.
+std::string written(bool GisObject::*kind, std::int32_t nodes, std::int32_t parts = -1,
+                    std::int32_t second = 0) {
     const WorkFolder folder;
     const RunResult run = runInProcess([&] {
         gisA_.n = 0;
@@ -26,7 +27,9 @@ std::string written(std::int32_t nodes, SetUp setUp) {
             gisY[static_cast<std::size_t>(i)] = 2 * i + 2;
         }
         gisDataLine = "Data line";
-        setUp(gisO_);
+        gisO_.*kind = true;
+        if (parts >= 0) gisO_.nr = parts;
+        if (second > 0) gisO_.ir[1] = second;
         gisWriteObject(layer, gisO_);
         gisWriteRecord(layer, gisO_);
         gisCloseLayer(layer);
@@ -51,45 +54,26 @@ TEST(MifWriter, WritesEveryKind) {
     const std::string one = node(1) + "\r\n";
     const std::string two = node(2) + "\r\n";
     const std::string three = node(3) + "\r\n";
-    EXPECT_EQ(written(1, [](GisObject& o) { o.point = true; }), "Point " + one);
-    EXPECT_EQ(written(2, [](GisObject& o) { o.multiPoint = true; }),
-              "MultiPoint 2\r\n" + one + two);
-    EXPECT_EQ(written(2, [](GisObject& o) { o.line = true; }), "Line " + node(1) + two);
-    EXPECT_EQ(written(2, [](GisObject& o) { o.pline = true; }), "Pline 2\r\n" + one + two);
-    EXPECT_EQ(written(0, [](GisObject& o) { o.pline = true; }), "Pline 0\r\n");
-    EXPECT_EQ(written(3,
-                      [](GisObject& o) {
-                          o.plineMultiple = true;
-                          o.nr = 2;
-                          o.ir[1] = 3;
-                      }),
+    using O = GisObject;
+    EXPECT_EQ(written(&O::point, 1), "Point " + one);
+    EXPECT_EQ(written(&O::multiPoint, 2), "MultiPoint 2\r\n" + one + two);
+    EXPECT_EQ(written(&O::line, 2), "Line " + node(1) + two);
+    EXPECT_EQ(written(&O::pline, 2), "Pline 2\r\n" + one + two);
+    EXPECT_EQ(written(&O::pline, 0), "Pline 0\r\n");
+    EXPECT_EQ(written(&O::plineMultiple, 3, 2, 3),
               "Pline Multiple 2\r\n 2\r\n" + one + two + " 1\r\n" + three);
-    EXPECT_EQ(written(1, [](GisObject& o) { o.plineMultiple = true; }),
-              "Pline Multiple 1\r\n 1\r\n" + one);
-    EXPECT_EQ(written(2,
-                      [](GisObject& o) {
-                          o.region = true;
-                          o.nr = 0;
-                      }),
-              "Region 1\r\n 2\r\n" + one + two);
-    EXPECT_EQ(written(3,
-                      [](GisObject& o) {
-                          o.region = true;
-                          o.nr = 2;
-                          o.ir[1] = 2;
-                      }),
-              "Region 2\r\n 1\r\n" + one + " 2\r\n" + two + three);
-    EXPECT_EQ(written(3, [](GisObject& o) { o.text = true; }),
+    EXPECT_EQ(written(&O::plineMultiple, 1), "Pline Multiple 1\r\n 1\r\n" + one);
+    EXPECT_EQ(written(&O::region, 2, 0), "Region 1\r\n 2\r\n" + one + two);
+    EXPECT_EQ(written(&O::region, 3, 2, 2), "Region 2\r\n 1\r\n" + one + " 2\r\n" + two + three);
+    EXPECT_EQ(written(&O::text, 3),
               "Text\r\nData line\r\n               3.000           4.000           5.000"
               "           6.000\r\n");
-    EXPECT_EQ(written(0, [](GisObject& o) { o.none = true; }), "none\r\n");
-    EXPECT_EQ(written(2, [](GisObject& o) { o.rect = true; }).substr(0, 64),
+    EXPECT_EQ(written(&O::none, 0), "none\r\n");
+    EXPECT_EQ(written(&O::rect, 2).substr(0, 64),
               "ERROR 0350 - Trying to write a MIF object that is not yet suppor");
 }
 
 TEST(MifWriter, GivesPointsTheTextOfTheirNode) {
-    const std::string text = written(2, [](GisObject& o) { o.pline = true; });
-    EXPECT_EQ(text.size(), 9 + 2 * 34U);
     const WorkFolder folder;
     runInProcess([] {
         gisReserveNodes(3);

@@ -1,7 +1,5 @@
 #include "run/opener_settings.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <string>
 
@@ -12,17 +10,18 @@
 #include "run/stop.h"
 #include "run/unit_writing.h"
 #include "support/in_process_run.h"
+#include "support/rows.h"
 
 namespace vantelgis {
 namespace {
 
+void openAndClose(std::string_view mode, std::string_view name) {
+    int unit = 0;
+    FILEOPEN(unit, mode, name);
+    CLOSER(unit);
+}
+
 class OpenerSettingsTest : public testing::Test {
-  protected:
-    static void openAndClose(std::string_view mode, std::string_view name) {
-        int unit = 0;
-        FILEOPEN(unit, mode, name);
-        CLOSER(unit);
-    }
     WorkFolder folder_;
 };
 
@@ -33,14 +32,13 @@ class BoxTest : public OpenerSettingsTest {
         if (platform::consoleLineEnd() != "\n") GTEST_SKIP() << "would show real message boxes";
     }
     static RunResult inBoxMode(const std::function<void()>& body, std::string_view typed) {
-        return runInProcess(
-            [&] {
-                openerSettings.boxMode = true;
-                openerSettings.boxTitle = "HOST";
-                openerSettings.boxVersion = "7.1";
-                body();
-            },
-            typed);
+        const auto boxed = [&] {
+            openerSettings.boxMode = true;
+            openerSettings.boxTitle = "HOST";
+            openerSettings.boxVersion = "7.1";
+            body();
+        };
+        return runInProcess(boxed, typed);
     }
 };
 
@@ -70,18 +68,14 @@ TEST_F(OpenerSettingsTest, LogsWhatOpenerAndCloserPrint) {
 }
 
 TEST_F(OpenerSettingsTest, StartsAnewWithEachRun) {
-    runInProcess([] {
-        openerSettings.boxMode = openerSettings.copyMode = openerSettings.autoFolders = true;
-        openerSettings.inputDrive = 'q';
-        openerSettings.blockSize = 1;
-        openerSettings.copyLast = "x";
-        FILESINIT(1000);
-        EXPECT_FALSE(openerSettings.boxMode || openerSettings.copyMode ||
-                     openerSettings.autoFolders);
-        EXPECT_EQ(openerSettings.inputDrive, ' ');
-        EXPECT_EQ(openerSettings.blockSize, 0);
-        EXPECT_TRUE(openerSettings.copyLast.blank());
-    });
+    OpenerSettings& set = openerSettings;
+    set.boxMode = set.copyMode = set.autoFolders = true;
+    set.inputDrive = 'q';
+    set.blockSize = 1;
+    set.copyLast = "x";
+    FILESINIT(1000);
+    EXPECT_FALSE(set.boxMode || set.copyMode || set.autoFolders);
+    EXPECT_TRUE(set.inputDrive == ' ' && set.blockSize == 0 && set.copyLast.blank());
 }
 
 TEST_F(BoxTest, MovesNamesWithADriveToAnother) {
@@ -94,8 +88,8 @@ TEST_F(BoxTest, MovesNamesWithADriveToAnother) {
         openAndClose("I ", "in.txt");
         openAndClose("O ", "c:out.txt");
     });
-    EXPECT_NE(run.console.find("file x:in.txt...OK."), std::string::npos);
-    EXPECT_NE(run.console.find("file in.txt...OK."), std::string::npos);
+    EXPECT_TRUE(holds(run.console, "file x:in.txt...OK."));
+    EXPECT_TRUE(holds(run.console, "file in.txt...OK."));
     EXPECT_TRUE(std::filesystem::exists("y:out.txt"));
 }
 
@@ -116,7 +110,7 @@ TEST_F(BoxTest, AsksForAMissingInputAndClosesAnOpenFile) {
     const std::string question =
         "\n\nHOST 7.1\nHOST file \n./a.txt\nis already open.  Close it?\n Yes, No? ";
     const RunResult yes = inBoxMode(openTwice, "\n");
-    EXPECT_NE(yes.console.find(question + "OK.  File Unit:1002\n"), std::string::npos);
+    EXPECT_TRUE(holds(yes.console, question + "OK.  File Unit:1002\n"));
     const RunResult no = inBoxMode(openTwice, "no\nok\n");
     EXPECT_TRUE(no.console.ends_with(question +
                                      "\nHOST\nPremature Exit of HOST Simulation 7.1\n\nPress OK to "
@@ -155,8 +149,7 @@ TEST_F(BoxTest, MakesAMissingFolderOnRequestOrByItself) {
     });
     EXPECT_TRUE(made.console.starts_with(
         " Trying to open file c/d/out.txt...Can't Open\nOK.  File Unit:1001\n"));
-    EXPECT_NE(made.console.find("file a/b...Can't Open\nCan't Open\n\n Can't open: a/b\n"),
-              std::string::npos);
+    EXPECT_TRUE(holds(made.console, "file a/b...Can't Open\nCan't Open\n\n Can't open: a/b\n"));
 }
 
 TEST_F(BoxTest, WaitsForALockedOutput) {
@@ -209,15 +202,11 @@ TEST_F(OpenerSettingsTest, GathersTheFilesOfARun) {
     run(false, "O ", "out\\new.csv");
     EXPECT_EQ(last, "tree\\out\\new.csv");
 
-    EXPECT_EQ(readFile("tree/in/a.mid"), "in/a.mid");
-    EXPECT_FALSE(std::filesystem::exists("tree/in/ab.mif"));
-    EXPECT_TRUE(std::filesystem::exists("tree/in/one.txt"));
-    EXPECT_FALSE(std::filesystem::exists("tree/in/one.log"));
-    EXPECT_TRUE(std::filesystem::exists("tree/in/group/g.xf4"));
-    EXPECT_FALSE(std::filesystem::exists("tree/in/group/g.dat"));
-    EXPECT_EQ(readFile("tree/in/g.dat"), "in/g.dat");  // the group's common file
+    for (const char* name : {"in/a.mif", "in/a.mid", "in/one.txt", "in/group/g.xf4", "in/g.dat"})
+        EXPECT_EQ(readFile("tree/" + std::string(name)), name);  // the last is the group's
     EXPECT_TRUE(std::filesystem::exists("tree/out/new.csv"));
-    EXPECT_FALSE(std::filesystem::exists("out"));
+    for (const char* name : {"tree/in/ab.mif", "tree/in/one.log", "tree/in/group/g.dat", "out"})
+        EXPECT_FALSE(std::filesystem::exists(name)) << name;
 }
 
 }  // namespace
