@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "faults/sample_runs.h"
+#include "memory/sample_runs.h"
 #include "memory/memory_run.h"
 
 namespace vantelgis::fuzz {

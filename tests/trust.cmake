@@ -3,7 +3,8 @@
 # The program on files in memory. Its platform layer stands before that of the library.
 set(fuzz ${PROJECT_SOURCE_DIR}/fuzz)
 add_library(memory_support OBJECT
-  ${fuzz}/memory/memory_platform.cpp ${fuzz}/memory/memory_run.cpp support/fresh_start.cpp)
+  ${fuzz}/memory/memory_platform.cpp
+  ${fuzz}/memory/memory_run.cpp ${fuzz}/memory/sample_runs.cpp support/fresh_start.cpp)
 target_link_libraries(memory_support PUBLIC vantelgis_core)
 target_include_directories(memory_support PUBLIC ${CMAKE_CURRENT_SOURCE_DIR} ${fuzz})
 
@@ -28,8 +29,7 @@ if(NOT CMAKE_CROSSCOMPILING)
   endif()
 
   # The inputs with which a fuzz driver begins and those that once showed a fault, without its engine.
-  add_executable(fuzz_replay ${fuzz}/replay.cpp
-    ${fuzz}/drivers.cpp faults/sample_runs.cpp)
+  add_executable(fuzz_replay ${fuzz}/replay.cpp ${fuzz}/drivers.cpp)
   target_link_libraries(fuzz_replay PRIVATE memory_support vantelgis_core)
   foreach(driver mif shp archive command)
     set(seeds ${PROJECT_BINARY_DIR}/fuzz_seeds/${driver})

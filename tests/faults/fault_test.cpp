@@ -1,10 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <span>
 #include <string>
 
-#include "faults/sample_runs.h"
 #include "memory/memory_run.h"
+#include "memory/sample_runs.h"
 
 namespace vantelgis {
 
@@ -12,20 +13,6 @@ namespace {
 
 using memory::Operation;
 using memory::Use;
-
-memory::Files filesOfRun(const SampleRun& run) {
-    memory::runProgramInMemory(run.arguments);
-    return memory::system.files;
-}
-
-memory::Files cleanResult(const SampleRun& run) {
-    memory::system = {};
-    memory::system.files = run.files;
-    memory::Files result = filesOfRun(run);
-    EXPECT_NE(memory::system.console.find("\nFinished.\n"), std::string::npos)
-        << run.name << memory::system.console;
-    return result;
-}
 
 constexpr std::string_view kPromptToClose = "\n\nPress Enter to Close\n";
 constexpr std::string_view kBarePrompt = "\nEnter command<CR> or <CR> to continue.\n";
@@ -57,27 +44,23 @@ constexpr Rule kReading[] = {
     {".12da", "string 3d {", "ERROR - Reading file site.12da"},
 };
 // The same for everything that goes wrong with an output.
-struct OutputRule {
-    std::string_view ending;
-    std::string_view message;
-};
 constexpr std::string_view kRewriting =
     "ERROR 0413 - Rewriting .dbf file header with final information.";
-constexpr OutputRule kWriting[] = {
-    {".12da", "ERROR - Writing file "},
-    {".csv", "ERROR - Writing file "},
-    {".mif", "ERROR 0439 - Writing .mif file object coordinates."},
-    {".mid", "ERROR 0254 - Failed to write attribute data record for a "},
-    {".prj", "ERROR 0437 - Writing .shp file header."},
-    {".shp", "ERROR 0437 - Writing .shp file header."},
-    {".shp", "ERROR 0439 - Writing .shp file object coordinates."},
-    {".shp", kRewriting},
-    {".shx", "ERROR 0437 - Writing .shp file header."},
-    {".shx", "ERROR 0439 - Writing .shp file object coordinates."},
-    {".shx", kRewriting},
-    {".dbf", "ERROR 0413 - Writing .dbf file header."},
-    {".dbf", "ERROR 0417 - Writing .dbf record."},
-    {".dbf", kRewriting},
+constexpr Rule kWriting[] = {
+    {".12da", "", "ERROR - Writing file "},
+    {".csv", "", "ERROR - Writing file "},
+    {".mif", "", "ERROR 0439 - Writing .mif file object coordinates."},
+    {".mid", "", "ERROR 0254 - Failed to write attribute data record for a "},
+    {".prj", "", "ERROR 0437 - Writing .shp file header."},
+    {".shp", "", "ERROR 0437 - Writing .shp file header."},
+    {".shp", "", "ERROR 0439 - Writing .shp file object coordinates."},
+    {".shp", "", kRewriting},
+    {".shx", "", "ERROR 0437 - Writing .shp file header."},
+    {".shx", "", "ERROR 0439 - Writing .shp file object coordinates."},
+    {".shx", "", kRewriting},
+    {".dbf", "", "ERROR 0413 - Writing .dbf file header."},
+    {".dbf", "", "ERROR 0417 - Writing .dbf record."},
+    {".dbf", "", kRewriting},
 };
 
 bool stopsWith(std::string_view message, std::string_view prompt) {
@@ -124,9 +107,8 @@ bool readFaultIsTold() {
 }
 
 // Any of the messages that `rules` has for the file of the fault.
-template <typename Rules>
-bool stopsWithOneOf(const Rules& rules) {
-    return std::any_of(std::begin(rules), std::end(rules), [](const auto& rule) {
+bool stopsWithOneOf(std::span<const Rule> rules) {
+    return std::ranges::any_of(rules, [](const Rule& rule) {
         return memory::system.failed.name.ends_with(rule.ending) &&
                stopsWith(rule.message, kPromptToClose);
     });
@@ -141,9 +123,9 @@ bool openFaultIsTold() {
 }
 
 bool otherFaultIsTold() {
-    if (memory::system.failed.operation == Operation::open) return openFaultIsTold();
-    if (memory::system.failed.forOutput) return stopsWithOneOf(kWriting);
-    return stopsWithOneOf(kReading);
+    const Use& failed = memory::system.failed;
+    if (failed.operation == Operation::open) return openFaultIsTold();
+    return failed.forOutput ? stopsWithOneOf(kWriting) : stopsWithOneOf(kReading);
 }
 
 // How the run ended, for the report of a failed test.
@@ -154,62 +136,56 @@ std::string endOfRun(const SampleRun& run) {
            system.failed.name + "\n..." + system.console.substr(system.console.size() - shown);
 }
 
-TEST(AFaultOnDisk, AtAnyReadIsToldInTheWordsOfItsPlace) {
-    for (const SampleRun& run : sampleRuns()) {
-        if (run.name == "3d from one mif") continue;  // reads the same lines in two ways
-        const memory::Files expected = cleanResult(run);
-        for (std::int64_t n = 0;; ++n) {
-            memory::system = {};
-            memory::system.files = run.files;
-            memory::system.mostPerRead = 7;
-            memory::system.faultAt = n;
-            memory::system.faultStays = true;
-            const memory::Files files = filesOfRun(run);
-            if (!memory::system.faultMet) break;
-            if (memory::system.failed.operation != Operation::read) continue;
-            if (files == expected) continue;  // it lies behind all that was needed
-            EXPECT_TRUE(readFaultIsTold()) << endOfRun(run);
+// Lets each use of an operation fail in turn, in a system like `start`. `told` has the use that
+// failed and whether the files are those of a run without a fault, and says whether all is well.
+template <typename Told>
+void failEachUse(const SampleRun& run, const memory::System& start, Told told) {
+    memory::Files expected;
+    for (std::int64_t n = -1; n <= 0 || memory::system.faultMet; ++n) {
+        memory::system = n < 0 ? memory::System{} : start;
+        memory::system.files = run.files;
+        memory::system.faultAt = n;
+        memory::runProgramInMemory(run.arguments);
+        if (n < 0) {
+            expected = memory::system.files;
+            EXPECT_NE(memory::system.console.find("\nFinished.\n"), std::string::npos) << run.name;
+        } else if (memory::system.faultMet) {
+            const bool nothingLost = memory::system.files == expected;
+            EXPECT_TRUE(told(memory::system.failed, nothingLost)) << endOfRun(run);
         }
     }
 }
 
-void failEachUse(const SampleRun& run, bool faultStays) {
-    const memory::Files expected = cleanResult(run);
-    for (std::int64_t n = 0;; ++n) {
-        memory::system = {};
-        memory::system.files = run.files;
-        memory::system.faultAt = n;
-        memory::system.faultStays = faultStays;
-        const memory::Files files = filesOfRun(run);
-        if (!memory::system.faultMet) break;
-        if (memory::system.failed.operation == Operation::read) continue;
-        if (files == expected) continue;  // nothing was lost
-        EXPECT_TRUE(otherFaultIsTold()) << endOfRun(run);
+TEST(AFaultOnDisk, AtAnyReadIsToldInTheWordsOfItsPlace) {
+    memory::System start;
+    start.mostPerRead = 7;
+    start.faultStays = true;
+    for (const SampleRun& run : sampleRuns()) {
+        if (run.name == "3d from one mif") continue;  // reads the same lines in two ways
+        failEachUse(run, start, [](const Use& failed, bool nothingLost) {
+            return failed.operation != Operation::read || nothingLost || readFaultIsTold();
+        });
     }
 }
 
 TEST(AFaultOfTheSystem, IsToldInTheWordsOfItsFile) {
-    for (const SampleRun& run : sampleRuns()) {
-        failEachUse(run, false);
-        failEachUse(run, true);
-    }
-    for (const SampleRun& run : largeRuns()) failEachUse(run, false);
+    const auto told = [](const Use& failed, bool nothingLost) {
+        return failed.operation == Operation::read || nothingLost || otherFaultIsTold();
+    };
+    memory::System start;
+    for (const SampleRun& run : largeRuns()) failEachUse(run, start, told);
+    for (const SampleRun& run : sampleRuns()) failEachUse(run, start, told);
+    start.faultStays = true;
+    for (const SampleRun& run : sampleRuns()) failEachUse(run, start, told);
 }
 
 TEST(AnOutputThatCannotBeOpened, IsWaitedFor) {
+    memory::System start;
+    start.typed = "\n";
     for (const SampleRun& run : sampleRuns()) {
-        const memory::Files expected = cleanResult(run);
-        for (std::int64_t n = 0;; ++n) {
-            memory::system = {};
-            memory::system.files = run.files;
-            memory::system.typed = "\n";
-            memory::system.faultAt = n;
-            const memory::Files files = filesOfRun(run);
-            if (!memory::system.faultMet) break;
-            const Use& failed = memory::system.failed;
-            if (failed.operation != Operation::open || !failed.forOutput) continue;
-            EXPECT_EQ(files, expected) << endOfRun(run);
-        }
+        failEachUse(run, start, [](const Use& failed, bool nothingLost) {
+            return failed.operation != Operation::open || !failed.forOutput || nothingLost;
+        });
     }
 }
 

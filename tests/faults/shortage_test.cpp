@@ -4,8 +4,8 @@
 #include <new>
 #include <string>
 
-#include "faults/sample_runs.h"
 #include "memory/memory_run.h"
+#include "memory/sample_runs.h"
 
 namespace {
 
@@ -26,22 +26,14 @@ void* allocate(std::size_t size) {
 
 }  // namespace
 
+// The forms for arrays go through these.
 void* operator new(std::size_t size) {
-    return allocate(size);
-}
-void* operator new[](std::size_t size) {
     return allocate(size);
 }
 void operator delete(void* place) noexcept {
     std::free(place);
 }
-void operator delete[](void* place) noexcept {
-    std::free(place);
-}
 void operator delete(void* place, std::size_t) noexcept {
-    std::free(place);
-}
-void operator delete[](void* place, std::size_t) noexcept {
     std::free(place);
 }
 

@@ -1,4 +1,4 @@
-#include "faults/sample_runs.h"
+#include "memory/sample_runs.h"
 
 #include <string>
 
