@@ -4,6 +4,7 @@
 
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "archive/vertices.h"
@@ -42,16 +43,13 @@ RunResult readObjects(const std::string& text, std::ostringstream& told, bool nu
     });
 }
 
-struct Case {
-    std::string text;
-    std::string expected;
-};
+using Case = std::pair<std::string, std::string>;
 
 void expectObjects(const std::vector<Case>& cases, bool nullKeyword = false, bool hex = false) {
     for (const Case& c : cases) {
         std::ostringstream told;
-        EXPECT_FALSE(readObjects(c.text, told, nullKeyword, hex).ended) << c.text;
-        EXPECT_EQ(told.str(), c.expected) << c.text;
+        EXPECT_FALSE(readObjects(c.first, told, nullKeyword, hex).ended) << c.first;
+        EXPECT_EQ(told.str(), c.second) << c.first;
     }
 }
 
@@ -188,11 +186,11 @@ TEST(Scanner, StopsAtWhatCannotBeRead) {
     };
     for (const Case& c : cases) {
         std::ostringstream told;
-        const RunResult run = readObjects("string " + c.text, told, false, false);
+        const RunResult run = readObjects("string " + c.first, told, false, false);
         const std::string opened = "Opened File Unit:1001\n";
-        EXPECT_TRUE(run.ended) << c.text;
+        EXPECT_TRUE(run.ended) << c.first;
         EXPECT_EQ(run.console.substr(run.console.find(opened) + opened.size()),
-                  "\n" + c.expected + "\nPress Enter to Close\n");
+                  "\n" + c.second + "\nPress Enter to Close\n");
     }
 }
 

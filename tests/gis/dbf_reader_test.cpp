@@ -1,5 +1,6 @@
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "gis/dbf/reader.h"
@@ -66,10 +67,7 @@ TEST(DbfReader, TellsWhatIsWrongWithATable) {
     const std::string header = dbfHeader(1, {{"N", 'N', 2}});
     const std::vector<DbfField> fields(129, {"N", 'N', 1});
     const std::vector<DbfField> fits(128, {"N", 'N', 255});
-    const struct {
-        std::string bytes;
-        std::string_view message;
-    } rows[] = {
+    const std::pair<std::string, std::string_view> rows[] = {
         {"", "ERROR 0404 - End of .dbf file encountered whilst reading header.\n"},
         {header.substr(0, 64), "ERROR 0404"},
         {dbfHeader(1, {}), "ERROR 0319 - No attributes specified in .dbf file.\n"},
@@ -82,9 +80,7 @@ TEST(DbfReader, TellsWhatIsWrongWithATable) {
         {header + "*12*1", "ERROR 0408"},
         {header + '\r' + " 12", "ERROR 0406"},  // one byte between terminator and records
     };
-    for (const auto& row : rows) {
-        EXPECT_TRUE(holds(readTable(row.bytes, 1), row.message));
-    }
+    for (const auto& [bytes, message] : rows) EXPECT_TRUE(holds(readTable(bytes, 1), message));
 }
 
 }  // namespace

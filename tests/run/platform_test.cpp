@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "support/in_process_run.h"
 
@@ -29,15 +30,12 @@ class PlatformTest : public testing::Test {
 };
 
 TEST_F(PlatformTest, TreatsAnOlderFileAsTheAccessSays) {
-    struct Row {
-        platform::Access access;
-        const char* result;
-    };
-    for (const Row& row : {Row{replace, "new"}, Row{keep, "newer"}, Row{append, "oldernew"},
-                           Row{readWrite, "newer"}}) {
+    const std::pair<platform::Access, const char*> rows[] = {
+        {replace, "new"}, {keep, "newer"}, {append, "oldernew"}, {readWrite, "newer"}};
+    for (const auto& [access, result] : rows) {
         writeFile("a", "older");
-        EXPECT_TRUE(putInto("a", row.access, "new"));
-        EXPECT_EQ(readFile("a"), row.result);
+        EXPECT_TRUE(putInto("a", access, "new"));
+        EXPECT_EQ(readFile("a"), result);
     }
     EXPECT_FALSE(putInto("a", read, "x"));
     EXPECT_EQ(opened("missing", read), platform::kNoFile);

@@ -23,60 +23,47 @@ namespace vantelgis {
 
 namespace {
 
-// An open scratch file.
-class ScratchFile {
+// A standard stream and the scratch file to which it leads for as long as a run takes.
+class ScratchStream {
   public:
-    ScratchFile()
-        : name_((std::filesystem::temp_directory_path() / "vantelgis-test-XXXXXX").string()),
-          descriptor_(mkstemp(name_.data())) {
-        if (descriptor_ < 0) throw std::runtime_error("no scratch file");
+    explicit ScratchStream(int stream)
+        : stream_(stream),
+          original_(dup(stream)),
+          name_((std::filesystem::temp_directory_path() / "vantelgis-test-XXXXXX").string()),
+          scratch_(mkstemp(name_.data())) {
+        if (scratch_ < 0) throw std::runtime_error("no scratch file");
     }
-    ~ScratchFile() {
-        close(descriptor_);
+    ~ScratchStream() {
+        close(scratch_);
         std::remove(name_.c_str());
     }
-    ScratchFile(const ScratchFile&) = delete;
-    ScratchFile& operator=(const ScratchFile&) = delete;
+    ScratchStream(const ScratchStream&) = delete;
+    ScratchStream& operator=(const ScratchStream&) = delete;
 
-    void set(std::string_view text) const {
-        lseek(descriptor_, 0, SEEK_SET);
+    void redirect(std::string_view text) const {
+        lseek(scratch_, 0, SEEK_SET);
         const auto size = static_cast<unsigned>(text.size());
-        if (ftruncate(descriptor_, 0) != 0 ||
-            std::cmp_not_equal(write(descriptor_, text.data(), size), size))
+        if (ftruncate(scratch_, 0) != 0 ||
+            std::cmp_not_equal(write(scratch_, text.data(), size), size))
             throw std::runtime_error("scratch file not written");
-        lseek(descriptor_, 0, SEEK_SET);
+        lseek(scratch_, 0, SEEK_SET);
+        dup2(scratch_, stream_);
     }
-    [[nodiscard]] std::string get() const {
-        const auto size = static_cast<unsigned>(lseek(descriptor_, 0, SEEK_END));
+    [[nodiscard]] std::string restore() const {
+        dup2(original_, stream_);
+        const auto size = static_cast<unsigned>(lseek(scratch_, 0, SEEK_END));
         std::string text(size, '\0');
-        lseek(descriptor_, 0, SEEK_SET);
-        if (std::cmp_not_equal(read(descriptor_, text.data(), size), size))
+        lseek(scratch_, 0, SEEK_SET);
+        if (std::cmp_not_equal(read(scratch_, text.data(), size), size))
             throw std::runtime_error("scratch file not read");
         return text;
     }
-    [[nodiscard]] int descriptor() const { return descriptor_; }
-
-  private:
-    std::string name_;
-    int descriptor_;
-};
-
-// A standard stream that leads to a scratch file for as long as the object lives.
-class Redirection {
-  public:
-    Redirection(int stream, const ScratchFile& file) : stream_(stream), original_(dup(stream)) {
-        dup2(file.descriptor(), stream);
-    }
-    ~Redirection() {
-        dup2(original_, stream_);
-        close(original_);
-    }
-    Redirection(const Redirection&) = delete;
-    Redirection& operator=(const Redirection&) = delete;
 
   private:
     int stream_;
     int original_;
+    std::string name_;
+    int scratch_;
 };
 
 // The console's lines with the line end that the tests write.
@@ -90,25 +77,22 @@ std::string withPlainLineEnds(std::string text) {
 }  // namespace
 
 RunResult runInProcess(const std::function<void()>& body, std::string_view typed) {
-    static const ScratchFile output;
-    static const ScratchFile input;
-    output.set({});
-    input.set(typed);
+    static const ScratchStream output{STDOUT_FILENO};
+    static const ScratchStream input{STDIN_FILENO};
+    output.redirect({});
+    input.redirect(typed);
     RunResult result;
-    {
-        const Redirection out{STDOUT_FILENO, output};
-        const Redirection in{STDIN_FILENO, input};
-        freshStart();
-        try {
-            body();
-        } catch (const ProcessEnd&) {
-            result.ended = true;
-        }
-        consoleFlush();
-        consoleReset();
+    freshStart();
+    try {
+        body();
+    } catch (const ProcessEnd&) {
+        result.ended = true;
     }
+    consoleFlush();
+    consoleReset();
+    result.console = withPlainLineEnds(output.restore());
+    (void)input.restore();
     FILESINIT(1000);  // closes what a body that returned left open
-    result.console = withPlainLineEnds(output.get());
     return result;
 }
 

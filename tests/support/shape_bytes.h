@@ -23,17 +23,14 @@ inline std::string big(std::int32_t value) {
     return {bytes.data(), bytes.size()};
 }
 
-inline std::string integers(std::initializer_list<std::int32_t> values) {
+template <typename Number>
+std::string allLittle(std::initializer_list<Number> values) {
     std::string bytes;
-    for (const std::int32_t value : values) bytes += little(value);
+    for (const Number value : values) bytes += little(value);
     return bytes;
 }
-
-inline std::string doubles(std::initializer_list<double> values) {
-    std::string bytes;
-    for (const double value : values) bytes += little(value);
-    return bytes;
-}
+constexpr auto integers = allLittle<std::int32_t>;
+constexpr auto doubles = allLittle<double>;
 
 /// A main header; its length counts 16-bit words.
 inline std::string shpHeader(std::int32_t words, std::int32_t type,
