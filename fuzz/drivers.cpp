@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "memory/sample_runs.h"
 #include "memory/memory_run.h"
+#include "memory/sample_runs.h"
 
 namespace vantelgis::fuzz {
 
