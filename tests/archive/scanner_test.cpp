@@ -9,7 +9,6 @@
 
 #include "archive/vertices.h"
 #include "gis/records.h"
-#include "run/opener.h"
 #include "support/in_process_run.h"
 
 namespace vantelgis {

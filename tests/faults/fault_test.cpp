@@ -12,6 +12,7 @@ namespace vantelgis {
 namespace {
 
 using memory::Operation;
+using memory::system;
 using memory::Use;
 
 constexpr std::string_view kPromptToClose = "\n\nPress Enter to Close\n";
@@ -64,7 +65,7 @@ constexpr Rule kWriting[] = {
 };
 
 bool stopsWith(std::string_view message, std::string_view prompt) {
-    const std::string& console = memory::system.console;
+    const std::string& console = system.console;
     const bool finished = console.find("\nFinished.\n") != std::string::npos;
     return console.find("\n" + std::string(message)) != std::string::npos &&
            console.ends_with(prompt) && finished == message.starts_with("WARNING");
@@ -87,8 +88,8 @@ std::string_view shapeMessage(std::string_view bytes, std::size_t place, std::si
 }
 
 bool readFaultIsTold() {
-    const Use& failed = memory::system.failed;
-    const std::string& bytes = memory::system.files[failed.name];
+    const Use& failed = system.failed;
+    const std::string& bytes = system.files[failed.name];
     const auto place = static_cast<std::size_t>(failed.position);
     if (failed.name.ends_with(".shp") && place >= 100) {
         constexpr std::size_t kPointHead = 12;
@@ -97,7 +98,7 @@ bool readFaultIsTold() {
             shapeMessage(bytes, place, failed.name == "points.shp" ? kPointHead : kOnePartHead),
             kPromptToClose);
     }
-    if (memory::system.console.find("\nFile 1: ") == std::string::npos)
+    if (system.console.find("\nFile 1: ") == std::string::npos)
         return stopsWith("ERROR - Reading data\n", kBarePrompt);  // reading the projection
     const Rule* holds = nullptr;
     for (const Rule& rule : kReading) {
@@ -109,28 +110,26 @@ bool readFaultIsTold() {
 // Any of the messages that `rules` has for the file of the fault.
 bool stopsWithOneOf(std::span<const Rule> rules) {
     return std::ranges::any_of(rules, [](const Rule& rule) {
-        return memory::system.failed.name.ends_with(rule.ending) &&
-               stopsWith(rule.message, kPromptToClose);
+        return system.failed.name.ends_with(rule.ending) && stopsWith(rule.message, kPromptToClose);
     });
 }
 
 bool openFaultIsTold() {
-    const std::string name = memory::system.failed.name;
-    if (!memory::system.failed.forOutput)
+    const std::string name = system.failed.name;
+    if (!system.failed.forOutput)
         return stopsWith("ERROR - Can't open file: " + name + "\n", kPromptToClose);
     return stopsWith("\n Can't open: " + name + "\n\n", kPromptToClose) &&
            stopsWith("ERROR - End of File encountered\n", kPromptToClose);
 }
 
 bool otherFaultIsTold() {
-    const Use& failed = memory::system.failed;
+    const Use& failed = system.failed;
     if (failed.operation == Operation::open) return openFaultIsTold();
     return failed.forOutput ? stopsWithOneOf(kWriting) : stopsWithOneOf(kReading);
 }
 
 // How the run ended, for the report of a failed test.
 std::string endOfRun(const SampleRun& run) {
-    const memory::System& system = memory::system;
     const std::size_t shown = std::min<std::size_t>(system.console.size(), 300);
     return std::string(run.name) + ": byte " + std::to_string(system.failed.position) + " of " +
            system.failed.name + "\n..." + system.console.substr(system.console.size() - shown);
@@ -141,17 +140,17 @@ std::string endOfRun(const SampleRun& run) {
 template <typename Told>
 void failEachUse(const SampleRun& run, const memory::System& start, Told told) {
     memory::Files expected;
-    for (std::int64_t n = -1; n <= 0 || memory::system.faultMet; ++n) {
-        memory::system = n < 0 ? memory::System{} : start;
-        memory::system.files = run.files;
-        memory::system.faultAt = n;
+    for (std::int64_t n = -1; n <= 0 || system.faultMet; ++n) {
+        system = n < 0 ? memory::System{} : start;
+        system.files = run.files;
+        system.faultAt = n;
         memory::runProgramInMemory(run.arguments);
         if (n < 0) {
-            expected = memory::system.files;
-            EXPECT_NE(memory::system.console.find("\nFinished.\n"), std::string::npos) << run.name;
-        } else if (memory::system.faultMet) {
-            const bool nothingLost = memory::system.files == expected;
-            EXPECT_TRUE(told(memory::system.failed, nothingLost)) << endOfRun(run);
+            expected = system.files;
+            EXPECT_NE(system.console.find("\nFinished.\n"), std::string::npos) << run.name;
+        } else if (system.faultMet) {
+            const bool nothingLost = system.files == expected;
+            EXPECT_TRUE(told(system.failed, nothingLost)) << endOfRun(run);
         }
     }
 }

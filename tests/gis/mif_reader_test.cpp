@@ -2,7 +2,6 @@
 
 #include <sstream>
 #include <string>
-#include <vector>
 
 #include "gis/layers.h"
 #include "gis/operations.h"

@@ -44,15 +44,14 @@ class BoxTest : public OpenerSettingsTest {
 
 TEST_F(OpenerSettingsTest, LogsWhatOpenerAndCloserPrint) {
     writeFile("in.txt", "x");
-    const RunResult run = runInProcess(
-        [] {
-            int log = 0;
-            FILEOPEN(log, "O ", "log.txt");
-            openerSettings.logUnit = log;
-            openAndClose("I ", "missing.txt");
-            consoleLine("not a line of the opener");
-        },
-        "in.txt\n");
+    const auto body = [] {
+        int log = 0;
+        FILEOPEN(log, "O ", "log.txt");
+        openerSettings.logUnit = log;
+        openAndClose("I ", "missing.txt");
+        consoleLine("not a line of the opener");
+    };
+    const RunResult run = runInProcess(body, "in.txt\n");
     const std::string lines =
         " Trying to open file missing.txt... CHECK 0008 - \"missing.txt\" cannot be found\n"
         " Check file exists and press enter or enter another file name: "
@@ -165,8 +164,7 @@ TEST_F(BoxTest, WaitsForALockedOutput) {
 TEST_F(OpenerSettingsTest, HandsOverInBlocks) {
     runInProcess([] {
         openerSettings.blockSize = 512;
-        int blocks = 0;
-        int whole = 0;
+        int blocks = 0, whole = 0;
         FILEOPEN(blocks, "F ", "blocks.txt");
         FILEOPEN(whole, "BO", "whole.txt");
         for (int i = 0; i < 20; ++i) {

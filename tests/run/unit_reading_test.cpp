@@ -6,7 +6,6 @@
 #include <limits>
 #include <string>
 
-#include "run/opener.h"
 #include "support/in_process_run.h"
 
 namespace vantelgis {
@@ -107,8 +106,7 @@ TEST(UnitReading, Bytes) {
 
 TEST(UnitReading, PairsGoOnToTheNextLine) {
     withFile("1\n\n 2 dropped\n3,4\n5,\n6x\n7", "I ", [](int unit) {
-        double x = 0;
-        double y = 0;
+        double x = 0, y = 0;
         EXPECT_EQ(readPair(unit, x, y, 100), Item::value);
         EXPECT_EQ(x + y, 3);
         EXPECT_EQ(readPair(unit, x, y, 1), Item::value);  // each line by its first column

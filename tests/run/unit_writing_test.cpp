@@ -23,15 +23,13 @@ TEST(UnitWriting, LosesNothingThatWasWritten) {
     });
     EXPECT_FALSE(again.ended);
 
-    const auto late = runInProcess(
-        [] {
-            int owner = 0;
-            int taker = 0;
-            FILEOPEN(owner, "O ", "a");
-            FILEOPEN(taker, "O ", "a");
-            put(owner, "too late");
-        },
-        "y\n");
+    const auto putLate = [] {
+        int owner = 0, taker = 0;
+        FILEOPEN(owner, "O ", "a");
+        FILEOPEN(taker, "O ", "a");
+        put(owner, "too late");
+    };
+    const auto late = runInProcess(putLate, "y\n");
     EXPECT_TRUE(late.ended);
     EXPECT_NE(late.console.find("\n\nERROR - Writing file a\n"), std::string::npos);
 }

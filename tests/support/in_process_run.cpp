@@ -10,9 +10,7 @@
 #include <stdexcept>
 #include <system_error>
 #include <utility>
-#include <vector>
 
-#include "driver/program.h"
 #include "run/console.h"
 #include "run/opener.h"
 #include "run/platform.h"
@@ -105,13 +103,6 @@ RunResult runOnFile(std::string_view bytes, std::string_view mode,
         FILEOPEN(unit, mode, "in");
         body(unit);
     });
-}
-
-RunResult runProgramInProcess(std::initializer_list<std::string_view> arguments,
-                              std::string_view typed) {
-    std::vector<std::string_view> all{"vantelgis"};
-    all.insert(all.end(), arguments);
-    return runInProcess([&all] { runProgram(all); }, typed);
 }
 
 WorkFolder::WorkFolder() : before_(std::filesystem::current_path()) {

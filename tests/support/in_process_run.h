@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <functional>
-#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -21,10 +20,6 @@ RunResult runInProcess(const std::function<void()>& body, std::string_view typed
 /// The same with a unit that is open in `mode` on a file of these bytes, in a folder of its own.
 RunResult runOnFile(std::string_view bytes, std::string_view mode,
                     const std::function<void(int)>& body);
-
-/// A whole run of the program with these arguments behind its own path.
-RunResult runProgramInProcess(std::initializer_list<std::string_view> arguments,
-                              std::string_view typed = {});
 
 /// A folder of its own that is the current one until the object goes.
 class WorkFolder {

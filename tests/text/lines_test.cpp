@@ -44,8 +44,7 @@ TEST(Lines, TestsThatTrim) {
 template <std::int32_t kColumn>
 std::string checked(std::string_view row) {
     const auto [text, key, separator] = partsOf(row);
-    Text<40> line(text);
-    Text<40> left;
+    Text<40> line(text), left;
     const bool answer = CHECKLINE(line, key, separator, kColumn, line, left);
     return (answer ? "yes [" : "no [") + std::string(left.view()) + "][" +
            std::string(line.view()) + ']';

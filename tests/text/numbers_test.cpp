@@ -13,33 +13,35 @@
 namespace vantelgis {
 namespace {
 
-// "F", width, ".", decimals, a blank and the value.
+template <typename Number>
+Number valueOf(std::string_view text) {
+    Number value{};
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    return value;
+}
+
+// Width, decimals and value.
 std::string field(std::string_view row) {
-    int width = 0;
-    int decimals = 0;
-    double value = 0;
-    const char* const end = row.data() + row.size();
-    const char* p = std::from_chars(row.data() + 1, end, width).ptr;
-    p = std::from_chars(p + 1, end, decimals).ptr;
-    std::from_chars(p + 1, end, value);
+    const auto [widthText, decimals, value] = partsOf(row);
+    const int width = valueOf<int>(widthText);
     char columns[kMaxFieldWidth + 1];
     columns[width] = '|';  // what stands behind the field must stay
-    EXPECT_EQ(fixedField(columns, value, width, decimals), columns + width);
+    EXPECT_EQ(fixedField(columns, valueOf<double>(value), width, valueOf<int>(decimals)),
+              columns + width);
     EXPECT_EQ(columns[width], '|');
     return {columns, static_cast<std::size_t>(width)};
 }
 
 TEST(FixedField, EdgesOfTheField) {
-    checkRows(field, "F10.3 10.5 ->     10.500", "F4.0 0 ->   0.", "F1.0 0 -> *",
-              "F4.0 0.5 ->   0.", "F4.0 1.5 ->   2.", "F4.0 2.5 ->   2.", "F6.2 0.125 ->   0.12",
-              "F6.2 0.375 ->   0.38", "F7.2 -0.001 ->   -0.00", "F5.1 -0 ->  -0.0",
-              "F4.2 0.25 -> 0.25", "F3.2 0.25 -> .25", "F4.2 -0.25 -> -.25", "F3.2 -0.25 -> ***",
-              "F3.2 1.25 -> ***", "F3.2 0.999 -> ***", "F5.2 1e300 -> *****",
-              "F10.2 inf ->   Infinity", "F10.2 -inf ->  -Infinity", "F8.2 -inf -> ********",
-              "F5.1 nan ->   NaN");
-    checkRows(field, "F20.19 0.5 -> .5000000000000000000", "F21.19 -0.5 -> -.5000000000000000000",
-              "F20.19 -0.5 -> ********************", "F20.0 1e18 -> 1000000000000000000.",
-              "F20.0 -1e18 -> ********************", "F21.0 1e19 -> 10000000000000000000.");
+    checkRows(field, "10|3|10.5 ->     10.500", "4|0|0 ->   0.", "1|0|0 -> *", "4|0|0.5 ->   0.",
+              "4|0|1.5 ->   2.", "4|0|2.5 ->   2.", "6|2|0.125 ->   0.12", "6|2|0.375 ->   0.38",
+              "7|2|-0.001 ->   -0.00", "5|1|-0 ->  -0.0", "4|2|0.25 -> 0.25", "3|2|0.25 -> .25",
+              "4|2|-0.25 -> -.25", "3|2|-0.25 -> ***", "3|2|1.25 -> ***", "3|2|0.999 -> ***",
+              "5|2|1e300 -> *****", "10|2|inf ->   Infinity", "10|2|-inf ->  -Infinity",
+              "8|2|-inf -> ********", "5|1|nan ->   NaN");
+    checkRows(field, "20|19|0.5 -> .5000000000000000000", "21|19|-0.5 -> -.5000000000000000000",
+              "20|19|-0.5 -> ********************", "20|0|1e18 -> 1000000000000000000.",
+              "20|0|-1e18 -> ********************", "21|0|1e19 -> 10000000000000000000.");
 }
 
 // The field by the general algorithm of the standard library.
@@ -111,13 +113,6 @@ TEST(FixedField, EqualsTheGeneralAlgorithm) {
         compare(sign * static_cast<double>(bits % 4096) * 5e-324, 21, decimals);
     }
     EXPECT_GT(count, 10'000'000);
-}
-
-template <typename Number>
-Number valueOf(std::string_view text) {
-    Number value{};
-    std::from_chars(text.data(), text.data() + text.size(), value);
-    return value;
 }
 
 template <typename Number, void (*kRoutine)(TextRef, Number)>

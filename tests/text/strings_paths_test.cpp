@@ -93,11 +93,8 @@ TEST(Strings, Flags) {
     EXPECT_TRUE(FLAGEXISTS(capacity + "FLAG", "flag"));
     EXPECT_FALSE(FLAGEXISTS(capacity + ".FLAG", "flag"));
 
-    Text<10> tabs("\t \t");
-    EXPECT_TRUE(BLANK(tabs));
-    EXPECT_TRUE(tabs.blank());
-    Text<10> word("\ta");
-    EXPECT_FALSE(BLANK(word));
+    Text<10> tabs("\t \t"), word("\ta");
+    EXPECT_TRUE(BLANK(tabs) && tabs.blank() && !BLANK(word));
 }
 
 // Text, what to find and its replacement, with a "|" between them; the text's capacity is 20.
