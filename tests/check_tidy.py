@@ -60,8 +60,10 @@ def check(entry, tool, build):
 
 def main():
     tool, build = sys.argv[1], pathlib.Path(sys.argv[2])
-    entries = [entry for entry in json.loads((build / "compile_commands.json").read_text())
-               if below(pathlib.Path(entry["file"]), CHECKED)]
+    # A source that goes into two libraries is looked at once, by one command.
+    entries = {entry["file"]: entry
+               for entry in json.loads((build / "compile_commands.json").read_text())
+               if below(pathlib.Path(entry["file"]), CHECKED)}.values()
     failed = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         for report in pool.map(lambda entry: check(entry, tool, build), entries):
