@@ -24,7 +24,7 @@ set_target_properties(vantelgis_toolkit PROPERTIES
 
 # The headers that declare the set, and those that they include.
 set(toolkit_headers
-  text/text.h text/strings.h text/paths.h text/line_tests.h text/input_lines.h text/replace.h
+  text/text.h text/limits.h text/strings.h text/paths.h text/line_tests.h text/input_lines.h text/replace.h
   text/csv.h text/extract.h text/tokens.h text/short_numbers.h text/number_checks.h
   geometry/angle.h geometry/distance.h geometry/grid.h geometry/hydraulics.h
   geometry/inside_polygon.h geometry/interpolation.h geometry/intersection.h geometry/side.h

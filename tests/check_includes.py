@@ -18,7 +18,7 @@ MAY_INCLUDE = {
     "gis/dbf": {"gis", "gis/dbf", "run", "text"},
     "run": {"run", "text"},
     "text": {"text"},
-    "geometry": {"geometry"},
+    "geometry": {"geometry", "text"},
 }
 # Routines of a low folder that report to the console or stop the run. What they stand on must not
 # know them.

@@ -18,7 +18,7 @@ void callInMemory(const std::function<void()>& body) {
     }
     system.programRuns = false;
     consoleFlush();
-    FILESINIT(0);  // closes what a body that returned left open
+    initialiseUnits(0);  // closes what a body that returned left open
     closeAllFiles();
 }
 

@@ -6,9 +6,6 @@
 
 namespace vantelgis {
 
-/// The elevation that stands for none where an archive doesn't say otherwise.
-inline constexpr float kNullElevation = -99999.0F;
-
 /// An archive being read and what its head says of the data.
 struct Archive {
     int unit = 0;

@@ -25,7 +25,6 @@ constexpr std::size_t kReplacedCapacity = 100;
 constexpr std::size_t kShortLine = 80;
 
 constexpr std::string_view kNullWord = "null";
-constexpr std::string_view kNullDecimal = "-99999";
 constexpr std::string_view kNullHexadecimal = "-0x1.869f000000000p+16";
 
 constexpr bool contains(std::string_view line, char c) {
@@ -167,7 +166,7 @@ void takeVertexLine(std::string_view line, const BlockForm& form, Vertex& vertex
     Text<kReplacedCapacity> replaced;
     FreeFormat list{line};
     if (form.nullWords && FLAGEXISTS(line, kNullWord)) {
-        replaced = withoutNullWords(line, form.hexFloats ? kNullHexadecimal : kNullDecimal);
+        replaced = withoutNullWords(line, form.hexFloats ? kNullHexadecimal : kNullElevationText);
         list.continueWith(replaced);
     }
     if (!form.threeNumbers) vertex.z = form.level;

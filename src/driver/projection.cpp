@@ -16,12 +16,6 @@ namespace vantelgis {
 
 namespace {
 
-bool hasExtension(std::string_view file, std::string_view extension) {
-    Text<16> found;
-    FILEEXT(found, file);
-    return found == extension;
-}
-
 Path besideFile1(const RunSettings& run, std::string_view name) {
     Path folder;
     Path result;

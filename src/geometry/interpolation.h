@@ -2,10 +2,9 @@
 
 #include <cstdint>
 
-namespace vantelgis {
+#include "text/limits.h"
 
-/// The elevation that says that there is none.
-inline constexpr float kNullElevation = -99999.0F;
+namespace vantelgis {
 
 /// The elevation at a point inside a triangle, on the plane of its three corners, in `z`. False,
 /// with the null elevation, when the line from the third corner through the point is parallel to

@@ -23,7 +23,7 @@ void gisSetMessage(std::string_view line1, std::string_view line2, std::string_v
 }
 
 void gisCloseFile(int& unit, std::string_view failure) {
-    if (unit > 0 && !closeUnit(unit)) gisStop(failure);
+    if (unit > 0 && !tryCloseUnit(unit)) gisStop(failure);
 }
 
 void gisCheckNodes(std::int64_t requested, std::int32_t limit, std::string_view what) {

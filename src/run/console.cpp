@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <utility>
 
 #include "run/platform.h"
 
@@ -18,6 +19,8 @@ struct Console {
     char input[kInputSize];
     std::size_t inputBegin = 0;
     std::size_t inputEnd = 0;
+    void (*sink)(std::string_view) = nullptr;
+    bool unattended = false;
 };
 Console console;
 
@@ -33,6 +36,7 @@ void buffer(std::string_view text) {
 
 // The next byte of standard input; false at its end.
 bool nextInput(char& c) {
+    if (console.unattended) return false;
     if (console.inputBegin == console.inputEnd) {
         console.inputBegin = 0;
         console.inputEnd = platform::readStandardInput(console.input, kInputSize);
@@ -49,16 +53,17 @@ void consolePut(std::string_view text) {
     for (std::size_t end; (end = text.find('\n')) != std::string_view::npos;
          text.remove_prefix(end + 1)) {
         buffer(text.substr(0, end));
-        buffer(platform::consoleLineEnd());
+        buffer(console.sink != nullptr ? "\n" : platform::consoleLineEnd());
     }
     buffer(text);
     if (terminal) consoleFlush();
 }
 
 void consoleFlush() {
-    if (console.outputLength > 0)
-        platform::writeStandardOutput(console.output, console.outputLength);
-    console.outputLength = 0;
+    const std::size_t length = std::exchange(console.outputLength, 0);
+    if (length == 0) return;
+    if (console.sink != nullptr) return console.sink({console.output, length});
+    platform::writeStandardOutput(console.output, length);
 }
 
 bool consoleReadLine(TextRef line) {
@@ -95,6 +100,15 @@ void consoleReset() {
     console.outputLength = 0;
     console.inputBegin = 0;
     console.inputEnd = 0;
+}
+
+void setConsoleSink(void (*sink)(std::string_view)) {
+    consoleFlush();
+    console.sink = sink;
+}
+
+void setConsoleUnattended(bool unattended) {
+    console.unattended = unattended;
 }
 
 }  // namespace vantelgis

@@ -49,4 +49,12 @@ void PUTTEXT(const char* text, int n);
 /// Forgets what was written or read but not yet used; a new run starts so.
 void consoleReset();
 
+/// Has everything that is written from now on handed to `sink`, in pieces of any size and with LF
+/// as line end, in place of standard output; null leads it there again. What was written before
+/// goes where it was meant to go.
+void setConsoleSink(void (*sink)(std::string_view));
+
+/// Has standard input count as ended, for a host whose own input it is: nobody can answer.
+void setConsoleUnattended(bool unattended);
+
 }  // namespace vantelgis

@@ -4,11 +4,15 @@
 #include "run/opener_settings.h"
 #include "run/platform.h"
 #include "run/stop.h"
+#include "text/characters.h"
+#include "text/joined.h"
 #include "text/paths.h"
 
 namespace vantelgis {
 
 namespace {
+
+using QuotedNames = Joined<2 * kPathCapacity + 8>;
 
 constexpr std::string_view kAdvice = "             Check permissions and/or sufficient disk space.";
 
@@ -19,39 +23,26 @@ Path makePlaceFor(std::string_view folder) {
     Path target = openerSettings.copyRoot;
     target += behindRoot;
     if (platform::makeFolder(target) == platform::kNotStarted) {
-        consoleLine(
-            "ERROR 0005 - Could not make the folder below while making a copy of the input files.");
-        consoleLine(kAdvice);
-        consoleLine("\"", target, "\"");
-        EXITS();
+        stopWith(
+            "ERROR 0005 - Could not make the folder below while making a copy of the input files.",
+            kAdvice, QuotedNames("\"", target, "\""));
     }
     return target;
 }
 
-Path folderOf(std::string_view name) {
-    Path folder;
-    FILEFOLDERPATH(folder, name);
-    return folder;
-}
-
 void rememberCopy(std::string_view target, std::string_view name) {
-    Path fileName;
-    FILENAMEEXT(fileName, name);
-    ADDFOLDER(openerSettings.copyLast, target, fileName);
+    openerSettings.copyLast = joinedPath(target, fileNameOf(name));
 }
 
 // A file whose extension begins with .xf is one of a group in a folder of its own: the group's
 // common files lie one folder up.
 bool isGroupFile(std::string_view name) {
-    Text<16> extension;
-    FILEEXT(extension, name);
-    return extension.view().starts_with(".xf");
+    return beginsWith(extensionOf(name), ".xf");
 }
 
 int copyAllOfBaseName(TextRef name, Path& target) {
     Path folder = folderOf(name.view());
-    Path baseName;
-    FILENAME(baseName, name.view());
+    const Path baseName = baseNameOf(name.view());
     if (isGroupFile(name.view())) {
         static_cast<void>(platform::copyFiles(name.view(), target));
         name.assign(baseName);
@@ -71,11 +62,9 @@ void copyInput(TextRef name) {
     const int result = openerSettings.copyExact ? platform::copyFiles(name.view(), target)
                                                 : copyAllOfBaseName(name, target);
     if (result == platform::kNotStarted) {
-        consoleLine(
-            "ERROR 0006 - Could not copy the file below while making a copy of the input files.");
-        consoleLine(kAdvice);
-        consoleLine("\"", name.view(), "\" \"", target, "\"");
-        EXITS();
+        stopWith(
+            "ERROR 0006 - Could not copy the file below while making a copy of the input files.",
+            kAdvice, QuotedNames("\"", name.view(), "\" \"", target, "\""));
     }
     rememberCopy(target, name.view());
 }

@@ -56,7 +56,7 @@ void show() {
 
 }  // namespace
 
-void DMESSAGECLEAR() {
+void clearMessage() {
     DMESSAGES.x = DMESSAGES.y = -99999.0;
     DMESSAGES.oneLine = false;
     DMESSAGES.text1.clear();
@@ -64,16 +64,16 @@ void DMESSAGECLEAR() {
     DMESSAGES.text3.clear();
 }
 
-void DMESSAGE(std::int32_t nBlank) {
+void reportMessage(std::int32_t nBlank) {
     classify();
     if (nBlank >= 0) {
         for (std::int32_t i = 0; i < nBlank; ++i) consoleLine();
         show();
     }
-    DMESSAGECLEAR();
+    clearMessage();
 }
 
-void DMESSAGERESETCOUNTERS() {
+void resetMessageCounters() {
     DMESSAGES.errorCount = DMESSAGES.warningCount = DMESSAGES.checkCount = 0;
 }
 
@@ -85,7 +85,7 @@ void DLINE(int unit) {
     if (unit > 0) putLine(unit, kRule);
 }
 
-void DPAUSE() {
+void pauseRun() {
     if (openerSettings.boxMode) {
         const OpenerSettings& host = openerSettings;
         showBoxUntilOk(
@@ -96,6 +96,22 @@ void DPAUSE() {
     }
     consoleLine();
     consolePause("Press Enter to Continue");
+}
+
+void DMESSAGE(std::int32_t nBlank) {
+    reportMessage(nBlank);
+}
+
+void DMESSAGECLEAR() {
+    clearMessage();
+}
+
+void DMESSAGERESETCOUNTERS() {
+    resetMessageCounters();
+}
+
+void DPAUSE() {
+    pauseRun();
 }
 
 }  // namespace vantelgis

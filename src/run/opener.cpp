@@ -58,8 +58,7 @@ Next attemptOutput(Opening& opening) {
 
 Next attempt(Opening& opening) {
     if (*opening.name.length == 0) return Next::askForName;
-    Path cleaned;
-    CLEANPATH(cleaned, opening.name);
+    cleanPath(opening.name);
     replaceDrive(opening);
     openerText(" Trying to open file ", opening.name.view(), "...");
     return isInput(opening) ? attemptInput(opening) : attemptOutput(opening);
@@ -112,6 +111,10 @@ void openOutput(const Opening& opening) {
 }  // namespace
 
 void FILEOPEN(int& unit, std::string_view mode, std::string_view name) {
+    openUnit(unit, mode, name);
+}
+
+void openUnit(int& unit, std::string_view mode, std::string_view name) {
     Path work{withoutLeadingBlanks(name)};
     if (work.blank()) stopForEmptyName();
     Unit* const slot = freeUnit();
@@ -134,11 +137,15 @@ void OPENER(int& unit, TextRef name, std::string_view mode, std::string_view lab
 }
 
 void CLOSER(int& unit) {
-    const Path name = unitName(unit);
-    if (!closeUnit(unit)) stopWritingFile(name);
+    closeUnit(unit);
 }
 
-bool closeUnit(int& unit) {
+void closeUnit(int& unit) {
+    const Path name = unitName(unit);
+    if (!tryCloseUnit(unit)) stopWritingFile(name);
+}
+
+bool tryCloseUnit(int& unit) {
     Unit* const slot = findUnit(unit);
     if (slot == nullptr || !slot->used) return true;
     slot->used = false;

@@ -10,6 +10,20 @@ namespace vantelgis {
 /// Opens a file on the lowest free unit, with the opener's dialogue, and gives the unit in `unit`
 /// (0 when none was allocated). `mode` is one of the codes in open_modes.h. An empty name and a
 /// table with no free unit end the run.
+void openUnit(int& unit, std::string_view mode, std::string_view name);
+
+/// Closes the file of a unit with a line on the console, frees the unit and sets `unit` to 0. A
+/// unit that is not in use is left alone. What was written and may be lost stops the run with
+/// stopWritingFile.
+void closeUnit(int& unit);
+
+/// The same for a file whose owner has a message of its own: false, with no line on the console and
+/// `unit` as it was, when what was written to it may be lost.
+[[nodiscard]] bool tryCloseUnit(int& unit);
+
+/// Opens a file on the lowest free unit, with the opener's dialogue, and gives the unit in `unit`
+/// (0 when none was allocated). `mode` is one of the codes in open_modes.h. An empty name and a
+/// table with no free unit end the run.
 extern "C" void FILEOPEN(int& unit, std::string_view mode, std::string_view name);
 
 /// The opener: tells the console what it tries to open, asks for another name when an input is
@@ -22,10 +36,6 @@ extern "C" void OPENER(int& unit, TextRef name, std::string_view mode, std::stri
 /// Closes the file of a unit with a line on the console, frees the unit and sets `unit` to 0. A
 /// unit that is not in use is left alone.
 extern "C" void CLOSER(int& unit);
-
-/// The same for a file whose owner has a message of its own: false, with no line, when what was
-/// written to it may be lost.
-[[nodiscard]] bool closeUnit(int& unit);
 
 /// The length of `text` up to its last character that is neither blank nor the zero byte, within
 /// `capacity`. If it is below `capacity` the character behind becomes the zero byte.

@@ -79,9 +79,7 @@ void openerPut(std::string_view text) {
 }
 
 void openerUnitLine(std::string_view text, int unit) {
-    char columns[kUnitColumns];
-    integerField(columns, unit, kUnitColumns);
-    openerLine(text, std::string_view(columns, kUnitColumns));
+    openerLine(text, IntegerText(unit, kUnitColumns));
 }
 
 bool askToClose(std::string_view name) {
@@ -89,7 +87,7 @@ bool askToClose(std::string_view name) {
     if (openerSettings.boxMode) {
         const BoxText text(openerSettings.boxTitle, " file \r", name,
                            "\ris already open.  Close it?");
-        if (showBox(BoxForm::yesNo, text) == BoxAnswer::no) EXITS();
+        if (showBox(BoxForm::yesNo, text) == BoxAnswer::no) stopRun();
         return true;
     }
     openerText(name, " is already open, close it? ");
@@ -120,8 +118,7 @@ void askForName(TextRef name, std::string_view label) {
 
 void waitForOutput(std::string_view name, bool& folderMade) {
     openerLine("Can't Open");
-    Path folder;
-    FILEFOLDERPATH(folder, name);
+    const std::string_view folder = folderOf(name);
     // Once: a file that still can't be opened in its new folder needs a person.
     if (openerSettings.autoFolders && !folderMade && !platform::fileExists(name)) {
         folderMade = true;

@@ -3,12 +3,27 @@
 #include "run/boxes.h"
 #include "run/console.h"
 #include "run/opener_settings.h"
+#include "run/platform.h"
 #include "run/units.h"
 #include "text/joined.h"
 
 namespace vantelgis {
 
+namespace {
+
+void (*endHandler)() = nullptr;
+
+}  // namespace
+
 void EXITS() {
+    stopRun();
+}
+
+void setEndHandler(void (*handler)()) {
+    endHandler = handler;
+}
+
+void stopRun() {
     closeAllUnits();
     if (openerSettings.boxMode) {
         const OpenerSettings& host = openerSettings;
@@ -25,7 +40,8 @@ void EXITS() {
 void endRun() {
     closeAllUnits();
     consoleFlush();
-    endProcess();
+    if (endHandler != nullptr) endHandler();
+    platform::exitProcess();
 }
 
 void stopWithText(std::string_view text) {
@@ -43,9 +59,7 @@ namespace {
 }
 
 [[noreturn]] void stopAboutFile(std::string_view text, std::string_view name) {
-    consoleLine();
-    consoleLine(text, name);
-    EXITS();
+    stopWith("", Joined<2000>(text, name));
 }
 
 }  // namespace
@@ -59,9 +73,7 @@ void stopEndOfFile() {
 }
 
 void stopUnanswered() {
-    consoleLine();
-    consoleLine("ERROR - End of File encountered");
-    EXITS();
+    stopWith("", "ERROR - End of File encountered");
 }
 
 void stopWritingFile(std::string_view name) {
@@ -77,8 +89,8 @@ void stopOpeningFile(std::string_view name) {
 }
 
 void stopShouldNotBeHere(std::string_view where) {
-    consoleLine(" Should not be here [", where, "] - please contact ", SUPPORT_ADDRESS, ".");
-    EXITS();
+    stopWith(
+        Joined<256>(" Should not be here [", where, "] - please contact ", SUPPORT_ADDRESS, "."));
 }
 
 }  // namespace vantelgis

@@ -60,23 +60,23 @@ void moveTo(OpenFile& file, std::int64_t position) {
 
 std::string_view lineBetween(const char* begin, const char* end) {
     if (end != begin && end[-1] == '\r') --end;
-    return {begin, std::min(static_cast<std::size_t>(end - begin), kLongestLine)};
+    return {begin, std::min(static_cast<std::size_t>(end - begin), kLineCapacity)};
 }
 
 // A line that fills the whole buffer: its first characters stay, the rest is read over.
 ReadResult readLongLine(OpenFile& file, std::string_view& line) {
     char* lineEnd = nullptr;
     do {
-        file.bufferStart += static_cast<std::int64_t>(file.end - kLongestLine);
-        file.end = file.begin = kLongestLine;
+        file.bufferStart += static_cast<std::int64_t>(file.end - kLineCapacity);
+        file.end = file.begin = kLineCapacity;
         if (!refill(file, 0)) break;
         lineEnd = static_cast<char*>(
-            std::memchr(file.buffer + kLongestLine, '\n', file.end - kLongestLine));
+            std::memchr(file.buffer + kLineCapacity, '\n', file.end - kLineCapacity));
     } while (lineEnd == nullptr);
     if (file.failed) return endOrFailure(file);
     file.begin =
         lineEnd == nullptr ? file.end : static_cast<std::size_t>(lineEnd - file.buffer) + 1;
-    line = {file.buffer, kLongestLine};
+    line = {file.buffer, kLineCapacity};
     return ReadResult::ok;
 }
 

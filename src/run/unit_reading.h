@@ -7,6 +7,7 @@
 #include "run/byte_order.h"
 #include "run/units.h"
 #include "text/free_format.h"
+#include "text/limits.h"
 
 namespace vantelgis {
 
@@ -16,12 +17,9 @@ enum class ReadResult {
     failed,  ///< the system reports a failure
 };
 
-/// Characters of a line that are kept; what is longer is cut there and stays one line. It is more
-/// than any reader's own capacity.
-inline constexpr std::size_t kLongestLine = 100'000;
-
-/// The next line without its end (LF or CR LF; the last line needs none), as a view that is valid
-/// until the next operation on that unit. A caller with a smaller capacity cuts the view.
+/// The next line without its end (LF or CR LF; the last line needs none), cut at kLineCapacity, as
+/// a view that is valid until the next operation on that unit. A caller with a smaller capacity
+/// cuts the view.
 ReadResult readLine(int unit, std::string_view& line);
 
 /// True when the next read would meet the end of the file, also after a failed read; false when it

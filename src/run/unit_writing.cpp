@@ -44,6 +44,17 @@ void putLine(int unit, std::string_view text) {
     endLine(unit);
 }
 
+void OutputLine::reopen(std::size_t size) {
+    handOver();
+    open(std::max(size, room_));
+}
+
+void OutputLine::longText(std::string_view s) {
+    handOver();
+    put(unit_, s);
+    open(room_);
+}
+
 void ownerReportsWriteFailures(int unit) {
     fileOf(unit).ownerReports = true;
 }

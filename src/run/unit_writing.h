@@ -43,6 +43,56 @@ void endLine(int unit);
 /// `text` without trailing blanks, and CR LF.
 void putLine(int unit, std::string_view text);
 
+/// Lines composed straight in a unit's buffer, one or many behind each other. Room for at least
+/// `room` bytes is made at a time, so that most pieces cost no more than their copy; a text of any
+/// length fits. Nothing else may write to the unit from the first piece to the line's end.
+class OutputLine {
+  public:
+    OutputLine(int unit, std::size_t room) : unit_(unit), room_(room) { open(room); }
+
+    /// Text, or bytes, as they stand.
+    void text(std::string_view s) {
+        if (roomLeft() < s.size()) return longText(s);
+        std::memcpy(out_, s.data(), s.size());
+        out_ += s.size();
+    }
+    /// A number field, see fixedField; `width` is at most kMaxFieldWidth.
+    void fixed(double value, int width, int decimals) {
+        need(static_cast<std::size_t>(width));
+        out_ = fixedField(out_, value, width, decimals);
+    }
+    /// An integer in its shortest form.
+    void integer(std::int64_t value) { text(IntegerText(value)); }
+    /// CR LF. A further line may follow.
+    void end() {
+        need(2);
+        *out_++ = '\r';
+        *out_++ = '\n';
+        handOver();
+    }
+    /// Ends without a line end: what follows goes on behind it.
+    void handOver() { file_->end = static_cast<std::size_t>(out_ - file_->buffer); }
+
+  private:
+    [[nodiscard]] std::size_t roomLeft() const { return static_cast<std::size_t>(limit_ - out_); }
+    void need(std::size_t size) {
+        if (roomLeft() < size) reopen(size);
+    }
+    void open(std::size_t size) {
+        file_ = &makeRoom(unit_, size);
+        out_ = file_->buffer + file_->end;
+        limit_ = out_ + size;
+    }
+    void reopen(std::size_t size);
+    void longText(std::string_view s);
+
+    int unit_;
+    std::size_t room_;
+    OpenFile* file_;
+    char* out_;
+    const char* limit_;
+};
+
 /// A number field, see fixedField.
 inline void putFixed(int unit, double value, int width, int decimals) {
     commit(unit, fixedField(reserve(unit, kMaxFieldWidth), value, width, decimals));

@@ -8,6 +8,7 @@
 #include "run/open_modes.h"
 #include "run/opener_settings.h"
 #include "run/platform.h"
+#include "text/limits.h"
 #include "text/text.h"
 
 namespace vantelgis {
@@ -34,14 +35,17 @@ struct OpenFile {
     char buffer[kBufferSize];
 };
 
-/// A unit: the number that stands for an open file. The table has 1000 of them.
+/// A unit: the number that stands for an open file. The table has kUnitCount of them.
 struct Unit {
     int number = 0;     ///< `fileUnit`
     bool used = false;  ///< `fileUsed`
     std::unique_ptr<OpenFile> file;
 };
 
-inline constexpr int kUnitCount = 1000;
+/// Starts the file units: all are free, numbered from the larger of 9 and `base`, plus 1, and the
+/// opener's settings have their start values. Closes what an earlier run left open. Call it first
+/// of all.
+void initialiseUnits(int base);
 
 /// The lowest unit not in use, null if all are.
 Unit* freeUnit();

@@ -14,6 +14,7 @@ namespace {
 __extension__ using Wide = unsigned __int128;
 
 constexpr int kMaxDecimals = 19;
+constexpr int kMostDigits = 20;
 constexpr std::uint64_t kPowersOfTen[kMaxDecimals + 1] = {1,
                                                           10,
                                                           100,
@@ -175,8 +176,18 @@ char* integerField(char* out, std::int64_t value, int width) {
     return rightJustified(out, width, IntegerText(value));
 }
 
-IntegerText::IntegerText(std::int64_t value)
-    : length_(static_cast<std::size_t>(std::to_chars(text_, text_ + sizeof text_, value).ptr -
-                                       text_)) {}
+IntegerText::IntegerText(std::int64_t value) {
+    end(std::to_chars(text_, text_ + sizeof text_, value).ptr);
+}
+
+ZeroPaddedText::ZeroPaddedText(std::int64_t value, int digits) {
+    const IntegerText shortest(value);
+    const std::string_view text = shortest;
+    const auto wanted = static_cast<std::size_t>(std::clamp(digits, 1, kMostDigits));
+    const std::size_t zeros = value < 0 || text.size() > wanted ? 0 : wanted - text.size();
+    std::memset(text_, '0', zeros);
+    std::memcpy(text_ + zeros, text.data(), text.size());
+    end(text_ + zeros + text.size());
+}
 
 }  // namespace vantelgis

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -16,18 +17,43 @@ inline constexpr int kMaxFieldWidth = 64;
 /// columns with asterisks.
 char* fixedField(char* out, double value, int width, int decimals);
 
-/// Writes `value` right-justified in `width` columns, asterisks if it does not fit.
+/// Writes `value` right-justified in `width` (1 to kMaxFieldWidth) columns, asterisks if it does
+/// not fit, and returns the place behind them.
 char* integerField(char* out, std::int64_t value, int width);
 
-/// Decimal text of an integer without blanks, in a buffer of its own.
-class IntegerText {
+/// The text of a number in a buffer of its own, to be put into a line by value.
+class NumberText {
   public:
-    explicit IntegerText(std::int64_t value);
     operator std::string_view() const { return {text_, length_}; }
 
-  private:
-    char text_[24];
-    std::size_t length_;
+  protected:
+    NumberText() = default;
+    void end(const char* behind) { length_ = static_cast<std::size_t>(behind - text_); }
+
+    char text_[kMaxFieldWidth];
+    std::size_t length_ = 0;
+};
+
+/// A fixed-point field, see fixedField.
+class FixedText : public NumberText {
+  public:
+    FixedText(double value, int width, int decimals) {
+        end(fixedField(text_, value, width, decimals));
+    }
+};
+
+/// An integer in its shortest form, or right-justified in a field, see integerField.
+class IntegerText : public NumberText {
+  public:
+    explicit IntegerText(std::int64_t value);
+    IntegerText(std::int64_t value, int width) { end(integerField(text_, value, width)); }
+};
+
+/// An integer with leading zeros up to `digits` (held between 1 and 20) digits; a negative one in
+/// its shortest form.
+class ZeroPaddedText : public NumberText {
+  public:
+    ZeroPaddedText(std::int64_t value, int digits);
 };
 
 }  // namespace vantelgis

@@ -29,24 +29,6 @@ std::size_t underscoreColumn(std::string_view path) {
     return lastColumn(path, "_");
 }
 
-std::string_view extensionOf(std::string_view path) {
-    const std::size_t dot = dotColumn(path);
-    return dot != 0 && dot > separatorColumn(path) ? path.substr(dot - 1) : std::string_view{};
-}
-
-std::string_view nameOf(std::string_view path) {
-    const std::size_t separator = separatorColumn(path);
-    const std::size_t dot = dotColumn(path);
-    if (separator == 0) return dot == 0 ? path : path.substr(0, dot - 1);
-    const std::size_t end = dot <= separator + 1 ? path.size() : dot - 1;
-    return path.substr(separator, end - separator);
-}
-
-std::string_view namePathOf(std::string_view path) {
-    const std::size_t dot = dotColumn(path);
-    return dot > 1 && dot > separatorColumn(path) ? path.substr(0, dot - 1) : path;
-}
-
 void removeDoubledSeparators(TextRef path) {
     for (std::size_t at; (at = path.view().find("\\\\")) != kNone && at >= 2;)
         replacePiece(path, at + 1, 1, {});
@@ -80,6 +62,65 @@ std::size_t doubledSeparatorColumn(std::string_view path) {
 
 }  // namespace
 
+std::string_view extensionOf(std::string_view path) {
+    const std::size_t dot = dotColumn(path);
+    if (dot == 0 || dot <= separatorColumn(path)) return {};
+    return withoutTrailingBlanks(path.substr(dot - 1));
+}
+
+bool hasExtension(std::string_view path, std::string_view extension) {
+    return sameIgnoringCase(extensionOf(path), extension);
+}
+
+std::string_view baseNameOf(std::string_view path) {
+    path = withoutTrailingBlanks(path);
+    const std::size_t separator = separatorColumn(path);
+    const std::size_t dot = dotColumn(path);
+    const bool keepsDot = separator == 0 ? dot == 0 : dot <= separator + 1;
+    const std::size_t end = keepsDot ? path.size() : dot - 1;
+    return withoutTrailingBlanks(path.substr(separator, end - separator));
+}
+
+std::string_view fileNameOf(std::string_view path) {
+    return withoutTrailingBlanks(path.substr(separatorColumn(path)));
+}
+
+std::string_view withoutExtension(std::string_view path) {
+    const std::size_t dot = dotColumn(path);
+    const bool hasOne = dot > 1 && dot > separatorColumn(path);
+    return withoutTrailingBlanks(hasOne ? path.substr(0, dot - 1) : path);
+}
+
+std::string_view folderOf(std::string_view path) {
+    return path.substr(0, separatorColumn(path));
+}
+
+Path joinedPath(std::string_view folder, std::string_view name) {
+    folder = cutPath(folder);
+    name = cutPath(withoutLeadingBlanks(name));
+    const bool absolute = name.find(':') != kNone || name.find("\\\\") != kNone;
+    if (folder.empty() && name.empty()) return resolvedPath(".");
+    if (folder.empty() || absolute) return resolvedPath(name);
+    Path joined = folder;
+    if (!name.empty() && !isSeparator(folder.back())) joined += "\\";
+    joined += name;
+    return resolvedPath(joined);
+}
+
+Path resolvedPath(std::string_view path) {
+    Path work(withoutLeadingBlanks(path));
+    removeDoubledSeparators(work);
+    resolveParents(work);
+    removeSelfFolders(work);
+    return work;
+}
+
+void cleanPath(TextRef path) {
+    path.assign(cutPath(withoutLeadingBlanks(path.view())));
+    for (std::size_t column; (column = doubledSeparatorColumn(path.view())) >= 2;)
+        replacePiece(path, column, 1, {});
+}
+
 void FILEEXT(TextRef out, std::string_view path) {
     LOWERCASE(out, extensionOf(cutPath(path)));
 }
@@ -89,69 +130,50 @@ void FILEEXTKC(TextRef out, std::string_view path) {
 }
 
 void FILE___EXT(TextRef out, std::string_view path) {
-    const std::string_view name = withoutTrailingBlanks(nameOf(cutPath(path)));
+    const std::string_view name = baseNameOf(cutPath(path));
     const std::size_t underscore = underscoreColumn(name);
     LOWERCASE(out, underscore == 0 ? std::string_view{} : name.substr(underscore - 1));
 }
 
 void FILENAME(TextRef out, std::string_view path) {
-    out.assign(nameOf(cutPath(path)));
+    out.assign(baseNameOf(cutPath(path)));
 }
 
 void FILENAMEEXT(TextRef out, std::string_view path) {
-    path = cutPath(path);
-    out.assign(path.substr(separatorColumn(path)));
+    out.assign(fileNameOf(cutPath(path)));
 }
 
 void FILENAMENO_(TextRef out, std::string_view path) {
-    const std::string_view name = nameOf(cutPath(path));
+    const std::string_view name = baseNameOf(cutPath(path));
     const std::size_t underscore = underscoreColumn(name);
     out.assign(underscore == 0 ? name : name.substr(0, underscore - 1));
 }
 
 void FILENAMEPATH(TextRef out, std::string_view path) {
-    out.assign(namePathOf(cutPath(path)));
+    out.assign(withoutExtension(cutPath(path)));
 }
 
 void FILENAMEPATHNO_(TextRef out, std::string_view path) {
-    path = namePathOf(cutPath(path));
+    path = withoutExtension(cutPath(path));
     const std::size_t underscore = underscoreColumn(path);
     const bool inName = underscore > 1 && underscore > separatorColumn(path);
     out.assign(inName ? path.substr(0, underscore - 1) : path);
 }
 
 void FILEFOLDERPATH(TextRef out, std::string_view path) {
-    path = cutPath(path);
-    out.assign(path.substr(0, separatorColumn(path)));
+    out.assign(folderOf(cutPath(path)));
 }
 
 void ADDFOLDER(TextRef out, std::string_view folder, std::string_view name) {
-    folder = cutPath(folder);
-    name = cutPath(withoutLeadingBlanks(name));
-    const bool absolute = name.find(':') != kNone || name.find("\\\\") != kNone;
-    Path joined;
-    if (folder.empty() || absolute) {
-        joined = folder.empty() && name.empty() ? std::string_view(".") : name;
-    } else {
-        joined = folder;
-        if (!name.empty() && !isSeparator(folder.back())) joined += "\\";
-        joined += name;
-    }
-    REMOVEDOTDOT(out, joined);
+    out.assign(joinedPath(folder, name));
 }
 
 void REMOVEDOTDOT(TextRef out, std::string_view path) {
-    Path work(withoutLeadingBlanks(path));
-    removeDoubledSeparators(work);
-    resolveParents(work);
-    removeSelfFolders(work);
-    out.assign(work);
+    out.assign(resolvedPath(path));
 }
 
 void CLEANPATH(TextRef out, TextRef path) {
-    path.assign(cutPath(withoutLeadingBlanks(path.view())));
-    for (std::size_t column; (column = doubledSeparatorColumn(path.view())) >= 2;)
-        replacePiece(path, column, 1, {});
+    cleanPath(path);
     out.assign(path.view());
 }
 

@@ -67,13 +67,7 @@ void AINTEGERPREC0(TextRef out, std::int32_t value, std::int32_t digits) {
 }
 
 void AINTEGER8PREC0(TextRef out, std::int64_t value, std::int32_t digits) {
-    char field[kWidth];
-    integerField(field, value, kWidth);
-    if (value >= 0) {
-        char* const end = field + kWidth;
-        std::replace(end - std::clamp(digits, 1, kWidth), end, ' ', '0');
-    }
-    out.assign(withoutLeadingBlanks({field, sizeof field}));
+    out.assign(ZeroPaddedText(value, digits));
 }
 
 void AREAL(TextRef out, float value) {

@@ -10,7 +10,6 @@ namespace vantelgis {
 
 namespace {
 
-constexpr std::size_t kCompareCapacity = 1000;
 constexpr std::size_t kShortStringCapacity = 256;
 
 void setLength(TextRef out, std::size_t length) {
@@ -124,6 +123,30 @@ void replacePiece(TextRef text, std::size_t at, std::size_t count, std::string_v
     setLength(text, tailAt + tailSize);
 }
 
+bool containsIgnoringCase(std::string_view line, std::string_view word) {
+    return findIgnoringCase(line, word) != std::string_view::npos;
+}
+
+bool looselyEqual(std::string_view a, std::string_view b) {
+    return sameText(a, b, toUpper);
+}
+
+void keepAlphanumerics(TextRef out, std::string_view s, char fill) {
+    const auto wanted = [](char c) { return isLetter(c) || isDigit(c); };
+    s = withoutTrailingBlanks(s);
+    if (fill == '\0')
+        copyWanted(out, s, wanted);
+    else
+        copyChanged(out, s, [=](char c) { return wanted(c) ? c : fill; });
+    fillIfBlank(out);
+}
+
+void cleanAttributeName(TextRef out, std::string_view s, std::size_t length) {
+    copyWanted(out, s.substr(0, length),
+               [](char c) { return isLetter(c) || isDigit(c) || c == '_'; });
+    fillIfBlank(out);
+}
+
 void TRIMF(TextRef out, std::string_view s) {
     out.assign(withoutLeadingBlanks(s));
 }
@@ -167,21 +190,11 @@ void LOWERCASE(TextRef out, std::string_view s) {
 }
 
 void ALPHANUMERICONLY(TextRef out, std::string_view s, std::string_view fill) {
-    const auto wanted = [](char c) { return isLetter(c) || isDigit(c); };
-    const char replacement = fill.empty() ? ' ' : fill.front();
-    s = withoutTrailingBlanks(s);
-    if (replacement == '\0')
-        copyWanted(out, s, wanted);
-    else
-        copyChanged(out, s, [=](char c) { return wanted(c) ? c : replacement; });
-    fillIfBlank(out);
+    keepAlphanumerics(out, s, fill.empty() ? ' ' : fill.front());
 }
 
 void CLEANATTRIBUTENAME(TextRef out, std::string_view s, std::int32_t length) {
-    const auto capacity = static_cast<std::size_t>(std::max(length, 0));
-    copyWanted(out, s.substr(0, capacity),
-               [](char c) { return isLetter(c) || isDigit(c) || c == '_'; });
-    fillIfBlank(out);
+    cleanAttributeName(out, s, static_cast<std::size_t>(std::max(length, 0)));
 }
 
 void SS256(TextRef out, std::string_view s) {
@@ -194,7 +207,7 @@ bool BLANK(TextRef s) {
 }
 
 bool ASAME(std::string_view a, std::string_view b) {
-    return sameText(a, b, toUpper);
+    return looselyEqual(a, b);
 }
 
 bool ASAMECS(std::string_view a, std::string_view b) {
@@ -202,8 +215,7 @@ bool ASAMECS(std::string_view a, std::string_view b) {
 }
 
 bool FLAGEXISTS(std::string_view line, std::string_view flag) {
-    const std::string_view wanted = cutLine(flag);
-    return findIgnoringCase(line.substr(0, kLineCapacity), wanted) != std::string_view::npos;
+    return containsIgnoringCase(line.substr(0, kLineCapacity), cutLine(flag));
 }
 
 }  // namespace vantelgis

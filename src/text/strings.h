@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "text/limits.h"
 #include "text/text.h"
 
 namespace vantelgis {
@@ -12,9 +13,6 @@ namespace vantelgis {
 // the ASCII letters, and trailing blanks never count, neither in arguments nor in results. An
 // output may be the input's own string; what does not fit in it is cut.
 
-/// Longest line that the line routines look at; longer text is cut there.
-inline constexpr std::size_t kLineCapacity = 100'000;
-
 constexpr std::string_view cutLine(std::string_view line) {
     return withoutTrailingBlanks(line.substr(0, kLineCapacity));
 }
@@ -22,6 +20,21 @@ constexpr std::string_view cutLine(std::string_view line) {
 /// The place (from 0) of the first occurrence of `wanted` in `s`, without regard to case;
 /// `npos` if there is none. An empty `wanted` is found at the start.
 std::size_t findIgnoringCase(std::string_view s, std::string_view wanted);
+
+/// `word` occurs in `line`, without regard to case. An empty word occurs in every line.
+bool containsIgnoringCase(std::string_view line, std::string_view word);
+
+/// The first kCompareCapacity characters of `a` and `b` are equal without regard to case once
+/// quotes, tabs and then leading blanks are taken away; behind the end of either one stand blanks.
+bool looselyEqual(std::string_view a, std::string_view b);
+
+/// `s` with each character that is neither letter nor digit replaced by `fill`, or dropped when
+/// that is the zero byte. "X" if nothing but blanks is left.
+void keepAlphanumerics(TextRef out, std::string_view s, char fill);
+
+/// The letters, digits and underscores among the first `length` characters of `s`; "X" if there
+/// are none.
+void cleanAttributeName(TextRef out, std::string_view s, std::size_t length);
 
 /// Replaces the `count` characters of `text` at place `at` (from 0) by `by`, which must not lie in
 /// `text`. What no longer fits is cut.

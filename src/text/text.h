@@ -5,6 +5,8 @@
 #include <cstring>
 #include <string_view>
 
+#include "text/limits.h"
+
 namespace vantelgis {
 
 /// `s` up to its last character that is not a blank.
@@ -96,7 +98,7 @@ bool operator==(const Text<N>& a, std::string_view b) {
 }
 
 /// A path, a record line or an input line of ordinary capacity.
-using Path = Text<1000>;
+using Path = Text<kPathCapacity>;
 using Line = Text<1000>;
 
 }  // namespace vantelgis

@@ -1,5 +1,4 @@
 #include <sys/resource.h>
-#include <unistd.h>
 
 #include "run/stop.h"
 
@@ -9,18 +8,16 @@ namespace vantelgis {
 
 namespace {
 
+// The program ends without what a process does at its exit: the counts have to be written before.
 // A run that may write no file of any size can't write its counts either.
-bool filesAreLimited() {
+void writeCounts() {
     rlimit limit{};
-    return getrlimit(RLIMIT_FSIZE, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY;
+    const bool limited = getrlimit(RLIMIT_FSIZE, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY;
+    if (!limited) __gcov_dump();
 }
+
+const bool countsAreWritten = (setEndHandler(writeCounts), true);
 
 }  // namespace
-
-// The program ends without what a process does at its exit: the counts have to be written before.
-void endProcess() {
-    if (!filesAreLimited()) __gcov_dump();
-    _exit(0);
-}
 
 }  // namespace vantelgis

@@ -59,9 +59,9 @@ TEST(UnitReading, LineEndsAtTheBorderOfTheBuffer) {
 // A line of any length stays one line; its first 100,000 characters are kept.
 TEST(UnitReading, LongLines) {
     for (const std::size_t size :
-         {kLongestLine - 1, kLongestLine, kLongestLine + 1, kBufferSize - 1, kBufferSize,
+         {kLineCapacity - 1, kLineCapacity, kLineCapacity + 1, kBufferSize - 1, kBufferSize,
           kBufferSize + 1, 3 * kBufferSize}) {
-        const std::size_t kept = std::min(size, kLongestLine);
+        const std::size_t kept = std::min(size, kLineCapacity);
         const std::string expected = std::to_string(kept) + 'y';
         const std::string last = std::to_string(kept) + 'z';
         const auto next = [](int unit) {

@@ -10,15 +10,11 @@
 
 namespace vantelgis {
 
-// Stands in for the routine of that name in the program.
-void endProcess() {
-    throw ProcessEnd{};
-}
-
 void freshStart() {
-    FILESINIT(1000);
-    DMESSAGECLEAR();
-    DMESSAGERESETCOUNTERS();
+    setEndHandler([] { throw ProcessEnd{}; });
+    initialiseUnits(1000);
+    clearMessage();
+    resetMessageCounters();
     gisInitialise(-1, {}, {}, {});
     gisMifCoordSys.clear();
     gisShpProjCS.clear();

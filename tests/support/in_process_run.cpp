@@ -90,7 +90,7 @@ RunResult runInProcess(const std::function<void()>& body, std::string_view typed
     consoleReset();
     result.console = withPlainLineEnds(output.restore());
     (void)input.restore();
-    FILESINIT(1000);  // closes what a body that returned left open
+    initialiseUnits(1000);  // closes what a body that returned left open
     return result;
 }
 
@@ -100,7 +100,7 @@ RunResult runOnFile(std::string_view bytes, std::string_view mode,
     writeFile("in", bytes);
     return runInProcess([&] {
         int unit = 0;
-        FILEOPEN(unit, mode, "in");
+        openUnit(unit, mode, "in");
         body(unit);
     });
 }
