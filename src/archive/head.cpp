@@ -57,17 +57,14 @@ bool takeNullLine(std::string_view line, float& nullValue, bool nullKeyword) {
     }
     FreeFormat list{fromColumn(line, 6)};
     if (!taken(takeReal(list, nullValue))) return false;
-    constexpr int kColumns = 12;
-    char columns[kColumns];
-    fixedField(columns, static_cast<double>(nullValue), kColumns, 3);
-    consoleLine("\n12D null value set to:", std::string_view(columns, kColumns));
+    consoleLine("\n12D null value set to:", FixedText{static_cast<double>(nullValue), 12, 3});
     return true;
 }
 
 bool warnOfHead() {
     DMESSAGES.text1 = "WARNING - Problems finding start of data in .12da file";
-    DMESSAGE(1);
-    DPAUSE();
+    reportMessage(1);
+    pauseRun();
     return false;
 }
 
@@ -78,7 +75,7 @@ bool Archive::hasElevation(float z) const {
 }
 
 void d12OpenArchive(Archive& archive, std::string_view path) {
-    FILEOPEN(archive.unit, "I ", path);
+    openUnit(archive.unit, "I ", path);
     consoleLine("\nReading .12da header information...");
     const Text<100> version = d12ArchiveVersion(archive.unit);
     consoleLine("12d Archive Version: ", version);
@@ -98,15 +95,13 @@ bool d12BeginData(Archive& archive) {
 
 bool d12CheckEncoding(int unit) {
     int markUnit = 0;
-    FILEOPEN(markUnit, "BI", unitName(unit));
+    openUnit(markUnit, "BI", unitName(unit));
     char mark[kMarkLength];
     const bool read = readBytes(markUnit, mark, kMarkLength) == ReadResult::ok;
     const std::string_view bytes{mark, read ? kMarkLength : 0};
-    if (bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE")) {
-        consoleLine("\nERROR - Source 12da is encoded using UTF-16");
-        EXITS();
-    }
-    CLOSER(markUnit);
+    if (bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE"))
+        stopWith("", "ERROR - Source 12da is encoded using UTF-16");
+    closeUnit(markUnit);
     return bytes == "\xEF\xBB\xBF";
 }
 
@@ -118,7 +113,7 @@ Text<100> d12HeaderValue(int unit, std::string_view keyword) {
         const ReadResult result = readHeadLine(unit, kHeadCapacity, marked, line);
         marked = false;
         if (result != ReadResult::ok) continue;
-        if (FLAGEXISTS(line, keyword)) return valueIn(line, keyword);
+        if (containsIgnoringCase(line, keyword)) return valueIn(line, keyword);
         if (!staysInHead(line)) break;
     }
     return {};
@@ -128,10 +123,10 @@ Text<100> d12ArchiveVersion(int unit) {
     return d12HeaderValue(unit, "archive_version");
 }
 bool d12NullKeyword(int unit) {
-    return ASAME(d12HeaderValue(unit, "null_keyword"), "true");
+    return looselyEqual(d12HeaderValue(unit, "null_keyword"), "true");
 }
 bool d12HexFloats(int unit) {
-    return ASAME(d12HeaderValue(unit, "output_hex_floats"), "true");
+    return looselyEqual(d12HeaderValue(unit, "output_hex_floats"), "true");
 }
 
 bool d12FindData(int unit, float& nullValue, bool nullKeyword) {

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "text/limits.h"
 #include "text/text.h"
 
 namespace vantelgis {
@@ -17,11 +18,11 @@ struct Archive {
     [[nodiscard]] bool hasElevation(float z) const;
 };
 
-/// Opens an archive, reads the comment lines of its head, tells about both on the console, and goes
+/// Opens an archive, reads the comment lines of its head, shows both on the console, and goes
 /// back to the start of the file.
 void d12OpenArchive(Archive& archive, std::string_view path);
 
-/// Tells that the search for objects begins and runs d12FindData.
+/// Says that the search for objects begins and runs d12FindData.
 bool d12BeginData(Archive& archive);
 
 /// True when the file begins with the UTF-8 byte order mark; the mark of UTF-16 stops the run. The

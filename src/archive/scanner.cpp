@@ -36,7 +36,7 @@ constexpr HeaderWord kHeaderWords[] = {
 
 // The braces come first: nearly all lines that are passed over have none.
 bool isHeader(std::string_view line) {
-    return contains(line, '{') && FLAGEXISTS(line, "string");
+    return contains(line, '{') && containsIgnoringCase(line, "string");
 }
 
 void takeHeader(std::string_view line, D12Object& object) {
@@ -46,13 +46,11 @@ void takeHeader(std::string_view line, D12Object& object) {
     object.typeText = fromColumn(line, kTypeStart + 1).substr(0, length);
     object.is2d = object.is3d = object.isSuper = object.isPolyline = false;
     for (const HeaderWord& row : kHeaderWords)
-        if (FLAGEXISTS(line, row.word)) object.*row.flag = true;
+        if (containsIgnoringCase(line, row.word)) object.*row.flag = true;
 }
 
 [[noreturn]] void stopAtHeaderLine(std::string_view line) {
-    consoleLine("\nERROR - Reading data (d12ObjectType)");
-    consoleLine(line);
-    EXITS();
+    stopWith("", "ERROR - Reading data (d12ObjectType)", line);
 }
 
 // A line between a string's header and its data.
@@ -73,9 +71,9 @@ void takeAttribute(std::string_view line, D12Object& object) {
 }
 
 void classifyBlock(std::string_view line, D12Object& object) {
-    object.data2d = FLAGEXISTS(line, "data_2d") || object.is2d;
-    object.data3d = FLAGEXISTS(line, "data_3d") || object.is3d || object.isPolyline;
-    object.hipData = FLAGEXISTS(line, "hipdata");
+    object.data2d = containsIgnoringCase(line, "data_2d") || object.is2d;
+    object.data3d = containsIgnoringCase(line, "data_3d") || object.is3d || object.isPolyline;
+    object.hipData = containsIgnoringCase(line, "hipdata");
 }
 
 }  // namespace
@@ -101,7 +99,7 @@ bool d12ReadLine(int unit, std::string_view& line, std::size_t capacity) {
 }
 
 bool d12BeginsData(std::string_view line) {
-    return contains(line, '{') && FLAGEXISTS(line, "data");
+    return contains(line, '{') && containsIgnoringCase(line, "data");
 }
 
 bool d12ObjectType(int unit, std::string_view& line, D12Object& object) {

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "gis/records.h"
 #include "run/console.h"
 #include "run/messages.h"
 #include "run/stop.h"
 #include "run/unit_reading.h"
 #include "text/characters.h"
 #include "text/free_format.h"
+#include "text/limits.h"
 #include "text/number_field.h"
 #include "text/strings.h"
 
@@ -25,7 +25,7 @@ constexpr std::size_t kReplacedCapacity = 100;
 constexpr std::size_t kShortLine = 80;
 
 constexpr std::string_view kNullWord = "null";
-constexpr std::string_view kNullHexadecimal = "-0x1.869f000000000p+16";
+constexpr std::string_view kNullHexadecimal = "-0x1.869f000000000p+16";  // kNullElevation
 
 constexpr bool contains(std::string_view line, char c) {
     return line.find(c) != std::string_view::npos;
@@ -45,18 +45,19 @@ struct BlockForm {
     float level;  // elevation of a vertex of two numbers
 };
 
-// Where a block's vertices go: gisX, gisY and the elevations beside them.
+// Where a block's vertices go.
 class VertexTable {
   public:
-    VertexTable(std::vector<float>& z, std::int32_t limit) : z_(z), limit_(limit) {
-        if (z_.empty()) grow();
+    VertexTable(ArchiveVertices& vertices, std::int32_t limit) : v_(vertices), limit_(limit) {
+        if (v_.z.empty()) grow();
     }
 
     [[nodiscard]] std::int32_t count() const { return count_; }
     [[nodiscard]] Vertex first() const { return at(0); }
     void setFirst(const Vertex& vertex) { set(0, vertex); }
 
-    // The place behind the last vertex, as an earlier string left it.
+    // The place behind the last vertex, as an earlier string left it: a number that a line leaves
+    // out keeps what stands there.
     [[nodiscard]] Vertex next() {
         makeRoom();
         return at(static_cast<std::size_t>(count_));
@@ -70,42 +71,40 @@ class VertexTable {
     }
 
   private:
-    [[nodiscard]] Vertex at(std::size_t i) const { return {gisX[i], gisY[i], z_[i]}; }
+    [[nodiscard]] Vertex at(std::size_t i) const { return {v_.x[i], v_.y[i], v_.z[i]}; }
     void set(std::size_t i, const Vertex& vertex) {
-        gisX[i] = vertex.x;
-        gisY[i] = vertex.y;
-        z_[i] = vertex.z;
+        v_.x[i] = vertex.x;
+        v_.y[i] = vertex.y;
+        v_.z[i] = vertex.z;
     }
     // Room goes by what is there, never by a number from the file.
     void makeRoom() {
-        if (z_.size() <= static_cast<std::size_t>(count_)) grow();
+        if (v_.z.size() <= static_cast<std::size_t>(count_)) grow();
     }
     void grow() {
-        constexpr std::int32_t kFewest = 1024;
-        const auto room = static_cast<std::int32_t>(z_.size());
-        gisReserveNodes(std::min(std::max(2 * room, kFewest), kMaxWrittenNodes));
-        z_.resize(gisX.size());
+        constexpr std::size_t kFewest = 1024;
+        constexpr std::size_t kMost = std::size_t{kMaxVertices} + 1;  // with the closing one
+        const std::size_t room = std::min(std::max(2 * v_.z.size(), kFewest), kMost);
+        v_.x.resize(room);
+        v_.y.resize(room);
+        v_.z.resize(room);
     }
     [[noreturn]] void stopAtLimit() const;
 
-    std::vector<float>& z_;
+    ArchiveVertices& v_;
     std::int32_t limit_;
     std::int32_t count_ = 0;
 };
 
 void VertexTable::stopAtLimit() const {
     constexpr int kColumns = 8;
-    char requested[kColumns];
-    char allowed[kColumns];
-    integerField(requested, count_ + 1, kColumns);
-    integerField(allowed, limit_, kColumns);
     DMESSAGES.text1 = "ERROR - Exceeded number of allowable nodes in a single polyline or region.";
     DMESSAGES.text2 = "        Requested";
-    DMESSAGES.text2 += {requested, kColumns};
+    DMESSAGES.text2 += IntegerText(count_ + 1, kColumns);
     DMESSAGES.text2 += "        Limit";
-    DMESSAGES.text2 += {allowed, kColumns};
-    DMESSAGE(1);
-    EXITS();
+    DMESSAGES.text2 += IntegerText(limit_, kColumns);
+    reportMessage(1);
+    stopRun();
 }
 
 // Nothing behind the numbers that could be more than text to be ignored.
@@ -157,15 +156,15 @@ Text<kReplacedCapacity> withoutNullWords(std::string_view line, std::string_view
         DMESSAGES.text1 = "ERROR - Reading .12da file.  Erroneous line is:";
         DMESSAGES.text2 = line;
     }
-    DMESSAGE(1);
-    EXITS();
+    reportMessage(1);
+    stopRun();
 }
 
 // Any vertex line, without leading blanks and comment.
 void takeVertexLine(std::string_view line, const BlockForm& form, Vertex& vertex) {
     Text<kReplacedCapacity> replaced;
     FreeFormat list{line};
-    if (form.nullWords && FLAGEXISTS(line, kNullWord)) {
+    if (form.nullWords && containsIgnoringCase(line, kNullWord)) {
         replaced = withoutNullWords(line, form.hexFloats ? kNullHexadecimal : kNullElevationText);
         list.continueWith(replaced);
     }
@@ -236,13 +235,13 @@ void findNextBlock(int unit, D12Object& object) {
 
 }  // namespace
 
-bool d12ReadVertices(const Archive& archive, D12Object& object, std::vector<float>& z,
-                     std::int32_t limit, std::int32_t& count) {
-    VertexTable table{z, limit};
+bool d12ReadVertices(const Archive& archive, D12Object& object, std::int32_t limit,
+                     ArchiveVertices& vertices) {
+    VertexTable table{vertices, limit};
     table.setFirst({0.0, 0.0, archive.nullValue});
     if (!object.isString || !readBlock(archive.unit, formOf(archive, object), table)) return false;
     if (object.isPolyline && object.closed) table.add(table.first());
-    count = table.count();
+    vertices.count = table.count();
     if (object.isSuper) {
         findNextBlock(archive.unit, object);
     } else {

@@ -73,7 +73,7 @@ bool isOptionLeader(char c) {
 Expects applyOption(std::string_view text, RunSettings& run) {
     Expects next = Expects::nothing;
     for (const Option& option : kOptions) {
-        if (!ASAME(text.substr(0, option.compared), option.text)) continue;
+        if (!looselyEqual(text.substr(0, option.compared), option.text)) continue;
         if (option.flag != nullptr) run.*option.flag = true;
         next = option.next;
     }
@@ -84,10 +84,8 @@ void takePositional(std::string_view argument, int position, RunSettings& run) {
     if (position == 2) run.inputFile2 = argument;
     if (position != 1) return;
     run.inputFile1 = argument;
-    Text<16> extension;
-    FILEEXT(extension, run.inputFile1);
-    if (extension == ".mif") run.useMif = true;
-    if (extension == ".shp") run.useShp = true;
+    if (hasExtension(run.inputFile1, ".mif")) run.useMif = true;
+    if (hasExtension(run.inputFile1, ".shp")) run.useShp = true;
 }
 
 }  // namespace

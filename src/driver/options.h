@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "driver/run_settings.h"
+#include "convert/run_settings.h"
 
 namespace vantelgis {
 

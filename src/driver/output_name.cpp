@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "driver/projection.h"
 #include "run/console.h"
 #include "run/opener.h"
 #include "run/stop.h"
@@ -13,8 +12,7 @@ namespace vantelgis {
 namespace {
 
 [[noreturn]] void stopWithoutFormat() {
-    consoleLine("\nERROR - Must specify output format with -shp or -mif.");
-    EXITS();
+    stopWith("", "ERROR - Must specify output format with -shp or -mif.");
 }
 
 std::string_view wantedExtension(const RunSettings& run) {
@@ -27,14 +25,13 @@ std::string_view wantedExtension(const RunSettings& run) {
 // reads the archive. The other conversions open their output first and need no such help.
 void refuseBlankName(const RunSettings& run) {
     int unit = 0;
-    if (run.outputFile.blank()) FILEOPEN(unit, "O ", run.outputFile);
+    if (run.outputFile.blank()) openUnit(unit, "O ", run.outputFile);
 }
 
 void checkGivenLayerName(RunSettings& run) {
     consoleLine("\nUsing specified output filename: ", run.outputFile);
-    Text<16> extension;
-    FILEEXT(extension, run.outputFile);
-    if (extension == ".mif" || extension == ".shp") {
+    for (const std::string_view extension : {".mif", ".shp"}) {
+        if (!hasExtension(run.outputFile, extension)) continue;
         consoleLine("\nOutput file has extention \"", extension, "\", outputting in this format.");
         return;
     }
@@ -48,13 +45,12 @@ void checkGivenLayerName(RunSettings& run) {
 
 void nameArchive(RunSettings& run) {
     if (!run.haveOutput) {
-        FILENAMEPATH(run.outputFile, hasFile2(run) ? run.inputFile2 : run.inputFile1);
+        run.outputFile = withoutExtension(run.hasFile2() ? run.inputFile2 : run.inputFile1);
         run.outputFile += ".12da";
         return;
     }
-    Text<16> extension;
-    FILEEXT(extension, run.outputFile);
-    if (!run.outputFile.blank() && extension != ".12da") run.outputFile += ".12da";
+    if (!run.outputFile.blank() && !hasExtension(run.outputFile, ".12da"))
+        run.outputFile += ".12da";
 }
 
 void nameLayer(RunSettings& run) {

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "driver/run_settings.h"
+#include "convert/run_settings.h"
 
 namespace vantelgis {
 
 /// Works out `outputFile` of a conversion to an archive.
 void nameArchive(RunSettings& run);
 
-/// Works out `outputFile` of a conversion to a layer, and so the layer's format, and tells what it
+/// Works out `outputFile` of a conversion to a layer, and so the layer's format, and says what it
 /// does about a name that was given. Stops the run when no format is known.
 void nameLayer(RunSettings& run);
 

@@ -3,8 +3,7 @@
 #include <exception>
 #include <new>
 
-#include "archive/conversions.h"
-#include "driver/conversions.h"
+#include "convert/conversions.h"
 #include "driver/options.h"
 #include "driver/output_name.h"
 #include "driver/projection.h"
@@ -22,14 +21,14 @@ namespace {
 constexpr int kUnitBase = 1000;
 
 void startLibraries() {
-    FILESINIT(kUnitBase);
-    DMESSAGECLEAR();
-    gisInitialise(-1, {}, {}, {});
+    initialiseUnits(kUnitBase);
+    clearMessage();
+    gisInitialise();
 }
 
 void reportFiles(const RunSettings& run) {
     consoleLine("\nFile 1: ", run.inputFile1);
-    if (hasFile2(run)) consoleLine("\nFile 2: ", run.inputFile2);
+    if (run.hasFile2()) consoleLine("\nFile 2: ", run.inputFile2);
 }
 
 void convertToArchive(RunSettings& run) {
@@ -47,19 +46,21 @@ void convertFromArchive(RunSettings& run) {
     nameLayer(run);
     includeHip = run.wantHip;
     if (run.wantXs) {
-        convert_12da_to_xs(run.inputFile1, run.outputFile);
+        convertCrossSections(run);
     } else {
-        convert_12da_to_mif(run.inputFile1, run.outputFile);
+        convertStringsToGis(run);
     }
+}
+
+bool isOneOf(std::string_view file, std::string_view extension, std::string_view other) {
+    return hasExtension(file, extension) || hasExtension(file, other);
 }
 
 // The extension of File 1 chooses the direction.
 void convert(RunSettings& run) {
-    Text<16> extension;
-    FILEEXT(extension, run.inputFile1);
-    if (extension == ".mif" || extension == ".shp") {
+    if (isOneOf(run.inputFile1, ".mif", ".shp")) {
         convertToArchive(run);
-    } else if (extension == ".12da" || extension == ".4da") {
+    } else if (isOneOf(run.inputFile1, ".12da", ".4da")) {
         convertFromArchive(run);
     } else {
         consolePause(
@@ -73,7 +74,7 @@ void convert(RunSettings& run) {
     consoleLine("\nBuild 2024-05-AA\n");
     if (arguments.size() < 2) {
         printUsage();
-        EXITS();
+        stopRun();
     }
     consoleLine("Executable: ", arguments.front());
     RunSettings run = readOptions(arguments.subspan(1));
@@ -82,7 +83,7 @@ void convert(RunSettings& run) {
     convert(run);
     consoleLine("\nFinished.");
     if (run.noFinalPause) endRun();
-    EXITS();
+    stopRun();
 }
 
 }  // namespace

@@ -2,13 +2,15 @@
 
 #include <string_view>
 
-#include "gis/records.h"
+#include "gis/mif/writer.h"
+#include "gis/shp/writer.h"
 #include "run/console.h"
 #include "run/messages.h"
 #include "run/opener.h"
 #include "run/platform.h"
 #include "run/stop.h"
 #include "run/unit_reading.h"
+#include "text/joined.h"
 #include "text/paths.h"
 #include "text/strings.h"
 
@@ -17,16 +19,11 @@ namespace vantelgis {
 namespace {
 
 Path besideFile1(const RunSettings& run, std::string_view name) {
-    Path folder;
-    Path result;
-    FILEFOLDERPATH(folder, run.inputFile1);
-    ADDFOLDER(result, folder, name);
-    return result;
+    return joinedPath(folderOf(run.inputFile1), name);
 }
 
 Path withExtensionPrj(std::string_view file) {
-    Path result;
-    FILENAMEPATH(result, file);
+    Path result = withoutExtension(file);
     result += ".prj";
     return result;
 }
@@ -37,7 +34,7 @@ bool findLine(int unit, std::string_view word, TextRef found) {
     ReadResult result;
     while ((result = readLine(unit, line)) == ReadResult::ok) {
         line = line.substr(0, Line::capacity());
-        if (!FLAGEXISTS(line, word)) continue;
+        if (!containsIgnoringCase(line, word)) continue;
         found.assign(withoutLeadingBlanks(line));
         return true;
     }
@@ -49,12 +46,10 @@ bool findLine(int unit, std::string_view word, TextRef found) {
 void readProjection(std::string_view file, std::string_view word, std::string_view family,
                     TextRef target) {
     int unit = 0;
-    FILEOPEN(unit, "I ", file);
+    openUnit(unit, "I ", file);
     consoleLine("\nUsing ", file, " for setting projection.");
-    if (!findLine(unit, word, target)) {
-        consoleLine("\nERROR - Unable to find ", word, " line in ", file);
-        EXITS();
-    }
+    if (!findLine(unit, word, target))
+        stopWith("", Joined<1100>("ERROR - Unable to find ", word, " line in ", file));
     consoleLine("\n", family, " Projection: ", target.view());
 }
 
@@ -69,16 +64,13 @@ void readShpProjection(std::string_view file) {
 void useNonEarthCoordinates() {
     consoleLine("\nWARNING - A Header.mif or Projection.mif file does not exist in folder.");
     consoleLine("          Non-Earth Coordinates will be used.");
-    DPAUSE();
+    pauseRun();
     gisMifCoordSys = "CoordSys NonEarth Units \"m\"";
 }
 
 void searchMifProjection(const RunSettings& run) {
-    if (run.useShp) {
-        consoleLine("ERROR - Both -shp and -mif specified.");
-        EXITS();
-    }
-    if (hasFile2(run)) return readMifProjection(run.inputFile2);
+    if (run.useShp) stopWith("ERROR - Both -shp and -mif specified.");
+    if (run.hasFile2()) return readMifProjection(run.inputFile2);
 
     const bool fromFile1 = run.wantZln && hasExtension(run.inputFile1, ".mif");
     Path file = fromFile1 ? run.inputFile1 : besideFile1(run, "Header.mif");
@@ -111,7 +103,7 @@ void takeFirstShpProjection(const RunSettings& run) {
 
 void searchShpProjection(const RunSettings& run) {
     const bool shpInput = hasExtension(run.inputFile1, ".shp");
-    if (hasFile2(run))
+    if (run.hasFile2())
         return shpInput ? takeFirstShpProjection(run) : readShpProjection(run.inputFile2);
 
     Path file;
@@ -121,20 +113,12 @@ void searchShpProjection(const RunSettings& run) {
         file = besideFile1(run, "Header.prj");
         if (!platform::inputExists(file)) file = besideFile1(run, "Projection.prj");
     }
-    if (!platform::inputExists(file)) {
-        consoleLine("\nERROR - A Header.prj or Projection.prj file does not exist in folder.");
-        EXITS();
-    }
+    if (!platform::inputExists(file))
+        stopWith("", "ERROR - A Header.prj or Projection.prj file does not exist in folder.");
     readShpProjection(file);
 }
 
 }  // namespace
-
-bool hasFile2(const RunSettings& run) {
-    Path name;
-    FILENAME(name, run.inputFile2);
-    return !name.blank();
-}
 
 void searchProjection(const RunSettings& run) {
     if (run.useMif) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "driver/run_settings.h"
+#include "convert/run_settings.h"
 
 namespace vantelgis {
 
@@ -9,8 +9,5 @@ namespace vantelgis {
 /// lies beside File 1. Runs when `useMif` or `useShp` is set. The file stays open until the end of
 /// the run.
 void searchProjection(const RunSettings& run);
-
-/// True if File 2 has a name: its path without folder and extension is not blank.
-bool hasFile2(const RunSettings& run);
 
 }  // namespace vantelgis

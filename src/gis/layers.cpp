@@ -1,8 +1,9 @@
 #include "gis/layers.h"
 
 #include "gis/dbf/writer.h"
+#include "gis/layer_table.h"
 #include "gis/mif/files.h"
-#include "gis/records.h"
+#include "gis/mif/writer.h"
 #include "gis/report.h"
 #include "gis/shp/files.h"
 #include "gis/shp/writer.h"
@@ -15,102 +16,63 @@ namespace vantelgis {
 
 namespace {
 
-int firstFreeSlot() {
-    for (int id = 1; id <= kMaxLayers; ++id)
-        if (!gisLayer(id).open) return id;
-    gisStop("ERROR 0251 - Cannot have more than 100 GIS layers open at once.");
+GisKind formatOf(std::string_view name) {
+    const std::string_view extension = extensionOf(name);
+    if (extension.empty() || hasExtension(name, ".mif") || hasExtension(name, ".mid"))
+        return GisKind::mif;
+    if (hasExtension(name, ".shp")) return GisKind::shp;
+    Path lower;
+    LOWERCASE(lower, extension);
+    gisStop("ERROR 0252 - ", lower, " is not a supported GIS file format.");
 }
 
-GisKind gisFormatKind(std::string_view extension) {
-    if (extension == ".mif" || extension == ".mid" || extension.empty()) return GisKind::mif;
-    if (extension == ".shp") return GisKind::shp;
-    gisStop("ERROR 0252 - ", extension, " is not a supported GIS file format.");
-}
-
-bool isOutput(std::string_view mode) {
-    if (mode == "I ") return false;
-    if (mode == "O ") return true;
-    stopShouldNotBeHere("OpenGIS");
-}
-
-// The files of a MapInfo layer are complete as they stand; all that is left is to hand them over.
-void closeMif(mifL_& mif) {
-    gisCloseFile(mif.mifUnit, "ERROR 0439 - Writing .mif file object coordinates.");
-    gisCloseFile(mif.midUnit,
-                 MessageLine("ERROR 0254 - Failed to write attribute data record for a ",
-                             gisO_.objName, " object in GIS layer."));
-}
-
-// The last part of writing a layer, with what only the end of a run can know.
-void gisWriteEoF(int gisID) {
-    if (gisID < 1) {
-        consoleLine("Should not be here gisWriteEoF[gisID=0] - please contact ", SUPPORT_ADDRESS,
-                    ".");
-        EXITS();
-    }
-    GisLayer& layer = gisLayer(gisID);
-    if (layer.kind == GisKind::shp) shpFinishLayer(layer);
+// A slot for the layer, of the format that its name has.
+int takeSlot(std::string_view name) {
+    consoleLine("Opening GIS Layer: ", withoutTrailingBlanks(name));
+    const int gisID = firstFreeLayer();
+    consoleLine("GIS Layer assigned ID of ", gisID);
+    gisInitialiseLayer(gisID);
+    gisLayer(gisID).kind = formatOf(name);
+    return gisID;
 }
 
 }  // namespace
 
-void gisInitialise(int /*logUnit*/, std::string_view /*title*/, std::string_view /*workspaceName*/,
-                   std::string_view /*inputLayersName*/) {
-    gisDataLine.clear();
-    gisSetMessage({});
+void gisInitialise() {
     dbfForgetItems();
-    for (int id = 1; id <= kMaxLayers; ++id) {
-        const GisLayer& layer = gisLayer(id);
-        const bool untouched = layer.kind == GisKind::none && layer.name.blank();
-        if (!untouched) gisInitialiseLayer(id);
-        gisLayer(id).open = false;
-    }
+    gisInitialiseLayers();
 }
 
-int gisOpenLayer(std::string_view name, std::string_view shapeFamilies, std::string_view mode) {
-    consoleLine("Opening GIS Layer: ", withoutTrailingBlanks(name));
-    const int gisID = firstFreeSlot();
-    consoleLine("GIS Layer assigned ID of ", gisID);
-    gisInitialiseLayer(gisID);
-
+int gisOpenLayer(std::string_view name) {
+    const int gisID = takeSlot(name);
     GisLayer& layer = gisLayer(gisID);
-    Text<16> extension;
-    FILEEXT(extension, name);
-    layer.kind = gisFormatKind(extension);
-    layer.writing = isOutput(mode);
-    switch (layer.kind) {
-        case GisKind::mif: gisMifOpen(name, mode, layer.mif); break;
-        case GisKind::shp:
-            if (layer.writing) {
-                shpOpenFamilies(name, shapeFamilies, layer);
-            } else {
-                OpenshpFile(name, shapeFamilies, mode, layer.shp[0], layer.dbf[0]);
-            }
-            break;
-        default: stopShouldNotBeHere("gisOpenLayer");
+    if (layer.kind == GisKind::mif) {
+        gisMifOpen(name, "I ", layer.mif);
+    } else {
+        shpOpenInput(name, layer.shp[0], layer.dbf[0]);
     }
     layer.open = true;
     layer.name = name;
     return gisID;
 }
 
-void gisInitialiseLayer(int gisID) {
-    if (gisID < 1) {
-        consoleLine("Should not be here gisInitialiseLayer[gisID=0] - please contact ",
-                    SUPPORT_ADDRESS, ".");
-        EXITS();
-    }
+int gisCreateLayer(std::string_view name, std::string_view shapeFamilies, FieldDefinitions fields) {
+    const int gisID = takeSlot(name);
     GisLayer& layer = gisLayer(gisID);
-    layer.kind = GisKind::none;
-    layer.name.clear();
-    layer.atEnd = layer.writing = false;
-    layer.mif.line.clear();
-    layer.mif.rest.clear();
-    layer.mif.mifUnit = layer.mif.midUnit = layer.mif.nAttr = 0;
-    for (auto& name : layer.mif.attrName) name.clear();
-    for (auto& type : layer.mif.attrType) type.clear();
-    for (shpL_& shp : layer.shp) shp = {};
-    for (dbfL_& dbf : layer.dbf) dbf = {};
+    layer.writing = true;
+    if (layer.kind == GisKind::mif) {
+        gisMifOpen(name, "O ", layer.mif);
+    } else {
+        shpOpenFamilies(name, shapeFamilies, layer);
+    }
+    layer.open = true;
+    layer.name = name;
+    if (layer.kind == GisKind::mif) {
+        gisMifWriteHeader(fields, layer.mif.mifUnit);
+    } else {
+        shpWriteLayerHeaders(layer, fields);
+    }
+    return gisID;
 }
 
 void gisCloseLayer(int& gisID) {
@@ -120,13 +82,14 @@ void gisCloseLayer(int& gisID) {
             SUPPORT_ADDRESS, ".");
         return;
     }
-    GisLayer& layer = gisLayer(gisID);
+    GisLayer& layer = gisLayer(gisID, "gisCloseLayer");
     consoleLine(" Closing GIS Layer ", gisID, " [", layer.name, "]...");
-    if (layer.writing) gisWriteEoF(gisID);
-    switch (layer.kind) {
-        case GisKind::mif: closeMif(layer.mif); break;
-        case GisKind::shp: shpCloseFiles(layer); break;
-        default: stopShouldNotBeHere("gisCloseLayer");
+    if (layer.kind == GisKind::none) stopShouldNotBeHere("gisCloseLayer");
+    if (layer.kind == GisKind::mif) {
+        gisMifClose(layer.mif);
+    } else {
+        if (layer.writing) shpFinishLayer(layer);
+        shpCloseFiles(layer);
     }
     layer.open = layer.writing = false;
     layer.atEnd = true;

@@ -20,27 +20,19 @@ float directionFrom(const ObjectNodes& nodes, std::size_t a, std::size_t b) {
     return static_cast<float>(radians * 180.0 / std::numbers::pi);
 }
 
-void measurePoint(ObjectNodes& nodes) {
-    nodes.xc = nodes.x[1] = nodes.x[0];
-    nodes.yc = nodes.y[1] = nodes.y[0];
-}
-
-void measureLine(ObjectNodes& nodes) {
-    nodes.xc = (nodes.x[0] + nodes.x[1]) / 2;
-    nodes.yc = (nodes.y[0] + nodes.y[1]) / 2;
-    nodes.angle = directionFrom(nodes, 0, 1);
-    nodes.length = distanceBetween(nodes, 0, 1);
+Measures measureLine(const ObjectNodes& nodes) {
+    return {(nodes.x[0] + nodes.x[1]) / 2, (nodes.y[0] + nodes.y[1]) / 2,
+            directionFrom(nodes, 0, 1), distanceBetween(nodes, 0, 1)};
 }
 
 // The mid-point lies on the first segment at whose end half of the length is reached.
-void measurePolyline(ObjectNodes& nodes) {
-    const auto n = static_cast<std::size_t>(nodes.n);
-    for (std::size_t i = 1; i < n; ++i) nodes.length += distanceBetween(nodes, i - 1, i);
-    nodes.xc = nodes.x[0];
-    nodes.yc = nodes.y[0];
-    if (n < 2) return;
+Measures measurePolyline(const ObjectNodes& nodes) {
+    const std::size_t n = nodes.size();
+    Measures m{nodes.x[0], nodes.y[0], 0, 0};
+    for (std::size_t i = 1; i < n; ++i) m.length += distanceBetween(nodes, i - 1, i);
+    if (n < 2) return m;
 
-    const float half = nodes.length * 0.5F;
+    const float half = m.length * 0.5F;
     float done = 0;
     std::size_t end = 1;
     float segment = distanceBetween(nodes, 0, 1);
@@ -49,40 +41,41 @@ void measurePolyline(ObjectNodes& nodes) {
         ++end;
         segment = distanceBetween(nodes, end - 1, end);
     }
-    const float t = (half - done) / segment;
-    nodes.xc = nodes.x[end - 1] + static_cast<double>(t) * (nodes.x[end] - nodes.x[end - 1]);
-    nodes.yc = nodes.y[end - 1] + static_cast<double>(t) * (nodes.y[end] - nodes.y[end - 1]);
-    nodes.angle = directionFrom(nodes, end - 1, end);
+    const auto t = static_cast<double>((half - done) / segment);
+    m.xCentre = nodes.x[end - 1] + t * (nodes.x[end] - nodes.x[end - 1]);
+    m.yCentre = nodes.y[end - 1] + t * (nodes.y[end] - nodes.y[end - 1]);
+    m.angle = directionFrom(nodes, end - 1, end);
+    return m;
 }
 
 // The last two stored nodes repeat the last polygon's first two and take no part.
-void measureRegion(ObjectNodes& nodes) {
+Measures measureRegion(const ObjectNodes& nodes) {
+    if (nodes.centreRead) return {nodes.xCentre, nodes.yCentre, 0, 0};
     const std::int32_t count = nodes.n - 2;
-    if (count < 1) return;
-    double sumX = 0;
-    double sumY = 0;
+    Measures m;
+    if (count < 1) return m;
     for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-        sumX += nodes.x[i];
-        sumY += nodes.y[i];
+        m.xCentre += nodes.x[i];
+        m.yCentre += nodes.y[i];
     }
-    nodes.xc = sumX / count;
-    nodes.yc = sumY / count;
+    m.xCentre /= count;
+    m.yCentre /= count;
+    return m;
 }
 
 }  // namespace
 
-void measureObject(const GisObject& object, ObjectNodes& nodes, bool noCentreSeen) {
-    nodes.angle = nodes.length = 0;
-    if (object.point || object.multiPoint) {
-        measurePoint(nodes);
-    } else if (object.line || object.rect || object.roundRect) {
-        measureLine(nodes);
-    } else if (object.arc || object.ellipse) {
-        nodes.n = 0;
-    } else if (object.pline || object.plineMultiple) {
-        measurePolyline(nodes);
-    } else if (object.region && noCentreSeen) {
-        measureRegion(nodes);
+Measures measuresOf(const GisObject& object, const ObjectNodes& nodes) {
+    switch (object.kind) {
+        case ObjectKind::point:
+        case ObjectKind::multiPoint: return {nodes.x[0], nodes.y[0], 0, 0};
+        case ObjectKind::line:
+        case ObjectKind::rect:
+        case ObjectKind::roundRect: return measureLine(nodes);
+        case ObjectKind::polyline:
+        case ObjectKind::multiPolyline: return measurePolyline(nodes);
+        case ObjectKind::region: return measureRegion(nodes);
+        default: return {};
     }
 }
 

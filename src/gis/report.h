@@ -9,25 +9,14 @@
 
 namespace vantelgis {
 
-/// The lines of the next message of the GIS subsystem; a report sets all four.
-extern Text<1000> gisMsg[4];
-
-/// Writes `nBlank` empty lines, gisMsg[0], and each of the other lines that is not blank.
-void gisReport(int nBlank);
-
-/// Sets the four lines of gisMsg.
-void gisSetMessage(std::string_view line1, std::string_view line2 = {}, std::string_view line3 = {},
-                   std::string_view line4 = {});
-
 /// One line of a message, made of texts and integers.
 using MessageLine = Joined<1000>;
 
-/// Reports a message of one line, made of texts and integers, and stops the run through EXITS.
+/// Reports a message of one line, made of texts and integers, behind an empty line and stops the
+/// run.
 template <typename... Parts>
 [[noreturn]] void gisStop(const Parts&... parts) {
-    gisSetMessage(MessageLine(parts...));
-    gisReport(1);
-    EXITS();
+    stopWith("", MessageLine(parts...));
 }
 
 /// Closes the file of a unit, if it is above 0. Stops with `failure` when what was written to it

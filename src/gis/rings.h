@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "gis/records.h"
+#include "gis/object.h"
 
 namespace vantelgis {
 

@@ -19,6 +19,12 @@ class Joined {
     }
     operator std::string_view() const { return {buffer_, length_}; }
 
+    /// Puts `text` over what stands at place `at` (from 0); the length stays.
+    void overwrite(std::size_t at, std::string_view text) {
+        if (at < length_)
+            std::copy_n(text.data(), std::min(text.size(), length_ - at), buffer_ + at);
+    }
+
   private:
     void add(std::string_view text) {
         const std::size_t n = std::min(text.size(), N - length_);

@@ -51,14 +51,14 @@ bool readField(dbfL_& dbf) {
     readHeaderBytes(dbf.dbfUnit, bytes + kLengthOffset + 1, kDescriptorBytes - kLengthOffset - 1);
 
     const auto i = static_cast<std::size_t>(dbf.nFields++);
-    CLEANATTRIBUTENAME(dbf.fieldName[i], {bytes, kNameBytes}, int{kNameBytes});
+    cleanAttributeName(dbf.fieldName[i], {bytes, kNameBytes}, int{kNameBytes});
     dbf.fieldType[i] = bytes[kTypeOffset];
     dbf.fieldWidth[i] = width;
     dbf.recordLength += width;
     return true;
 }
 
-void tellFields(const dbfL_& dbf) {
+void reportFields(const dbfL_& dbf) {
     consoleText(dbf.nFields, " DBF Fields (Name [#/Type/Length]): ");
     for (int i = 0; i < dbf.nFields; ++i) {
         consoleText(dbf.fieldName[i], " [", i + 1, "/", std::string_view(&dbf.fieldType[i], 1), "/",
@@ -74,11 +74,11 @@ void dbfReadHeader(dbfL_& dbf) {
     rewindUnit(dbf.dbfUnit);
     dbf.nRecords = readRecordCount(dbf.dbfUnit);
     consoleLine("DBF file contains ", dbf.nRecords, " records.");
-    dbf.nFields = dbf.recordLength = 0;
+    dbf.nFields = dbf.recordLength = dbf.recordNo = 0;
     while (readField(dbf)) {
     }
     if (dbf.nFields < 1) gisStop("ERROR 0319 - No attributes specified in .dbf file.");
-    tellFields(dbf);
+    reportFields(dbf);
 }
 
 }  // namespace vantelgis

@@ -38,26 +38,26 @@ const FieldType& fieldTypeOf(std::string_view type) {
     stopShouldNotBeHere("Unrecognised DBF field");
 }
 
-void defineField(const GisAttributes& fields, std::size_t i, dbfL_& dbf) {
-    Text<32> name{withoutLeadingBlanks(fields.name[i])};
-    CLEANATTRIBUTENAME(name, name, int{Text<32>::capacity()});
+void defineField(const FieldDefinition& field, std::size_t i, dbfL_& dbf) {
+    Text<32> name{withoutLeadingBlanks(field.name)};
+    cleanAttributeName(name, name, int{Text<32>::capacity()});
     dbf.fieldName[i] = name.view().substr(0, kLongestName);
-    const FieldType& type = fieldTypeOf(fields.type[i]);
+    const FieldType& type = fieldTypeOf(field.type);
     dbf.fieldType[i] = type.letter;
-    dbf.fieldWidth[i] = type.width > 0 ? type.width : fields.width[i];
+    dbf.fieldWidth[i] = type.width > 0 ? type.width : field.width;
     dbf.fieldDecimals[i] = type.decimals;
 }
 
 // Takes the definitions over and gives the length of a record without its mark.
-std::int64_t defineFields(const GisAttributes& fields, dbfL_& dbf) {
-    dbf.nRecords = fields.nRecords;
-    dbf.nFields = fields.n;
-    if (dbf.nFields > kMaxDbfFields)
+std::int64_t defineFields(FieldDefinitions fields, dbfL_& dbf) {
+    if (std::ssize(fields) > kMaxDbfFields)
         gisStop("ERROR 0411 - Exceeded maximum number of dbf Fields trying to write dbf file.");
-    if (dbf.nFields < 1) gisStop("ERROR 0319 - No attributes specified when writing .dbf file.");
+    if (fields.empty()) gisStop("ERROR 0319 - No attributes specified when writing .dbf file.");
+    dbf.nRecords = 0;
+    dbf.nFields = static_cast<std::int32_t>(fields.size());
     std::int64_t length = 0;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(dbf.nFields); ++i) {
-        defineField(fields, i, dbf);
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        defineField(fields[i], i, dbf);
         length += dbf.fieldWidth[i];
     }
     if (length > kLongestRecord) stopShouldNotBeHere("dbfTotLen>32767");
@@ -101,7 +101,7 @@ void putDescriptor(const dbfL_& dbf, std::size_t i) {
 
 }  // namespace
 
-void dbfWriteHeader(const GisAttributes& fields, dbfL_& dbf) {
+void dbfWriteHeader(FieldDefinitions fields, dbfL_& dbf) {
     if (dbf.dbfUnit <= 0) return;
     const bool emptied = emptyUnit(dbf.dbfUnit);
     const std::int64_t recordLength = defineFields(fields, dbf);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gis/records.h"
+#include "gis/layer_table.h"
 #include "text/text.h"
 
 namespace vantelgis {
@@ -8,7 +8,7 @@ namespace vantelgis {
 // The reader of dBase III tables, strictly forward: the header's own sizes are not used, its
 // terminator byte says where the records begin. The bytes of the fields pass through unchanged.
 
-/// Goes back to the start and reads the table header and the field descriptors, which it tells on
+/// Goes back to the start and reads the table header and the field descriptors, which it shows on
 /// the console. Leaves the file at the first record. Nothing happens without an open file.
 void dbfReadHeader(dbfL_& dbf);
 

@@ -5,6 +5,7 @@
 
 #include "gis/dbf/reader.h"
 #include "gis/report.h"
+#include "run/console.h"
 #include "run/unit_reading.h"
 
 namespace vantelgis {
@@ -17,7 +18,7 @@ constexpr char kActiveToo = '\0';
 constexpr char kEndMark = 26;
 constexpr std::size_t kLongestRecord = std::size_t{kMaxDbfFields} * 255;
 
-void settle(ReadResult result) {
+void requireBytes(ReadResult result) {
     if (result == ReadResult::end)
         gisStop("ERROR 0408 - End of .dbf file encountered whilst reading record.");
     if (result == ReadResult::failed) gisStop("ERROR 0407 - Reading .dbf record.");
@@ -25,7 +26,7 @@ void settle(ReadResult result) {
 
 char readMark(int unit) {
     char mark;
-    settle(readBytes(unit, &mark, 1));
+    requireBytes(readBytes(unit, &mark, 1));
     return mark;
 }
 
@@ -36,7 +37,7 @@ const char* readFields(const dbfL_& dbf, char* gathered) {
     const std::string_view atHand = readSome(dbf.dbfUnit, size);
     if (atHand.size() == size) return atHand.data();
     std::copy(atHand.begin(), atHand.end(), gathered);
-    settle(readBytes(dbf.dbfUnit, gathered + atHand.size(), size - atHand.size()));
+    requireBytes(readBytes(dbf.dbfUnit, gathered + atHand.size(), size - atHand.size()));
     return gathered;
 }
 
@@ -96,19 +97,15 @@ void readActiveRecord(dbfL_& dbf, TextRef record) {
 void meetEndMark(const dbfL_& dbf, bool& atEnd) {
     atEnd = true;
     if (dbf.recordNo == dbf.nRecords) return;
-    gisSetMessage(
-        "WARNING 0405 - Insufficient number of records found in .dbf file.",
-        MessageLine("               Found ", dbf.recordNo, ", expecting ", dbf.nRecords, "."));
-    gisReport(0);
+    consoleLine("WARNING 0405 - Insufficient number of records found in .dbf file.");
+    consoleLine("               Found ", dbf.recordNo, ", expecting ", dbf.nRecords, ".");
 }
 
-[[noreturn]] void stopAboutMark(char mark, std::string_view record) {
-    gisSetMessage("ERROR 0406 - Unrecognised record identifier found in .dbf file.",
-                  MessageLine("Character = ", std::string_view(&mark, 1), " [",
-                              int{static_cast<unsigned char>(mark)}, "]"),
-                  MessageLine("Data line thus far = ", record));
-    gisReport(1);
-    EXITS();
+[[noreturn]] void stopAboutMark(char mark) {
+    stopWith("", "ERROR 0406 - Unrecognised record identifier found in .dbf file.",
+             MessageLine("Character = ", std::string_view(&mark, 1), " [",
+                         int{static_cast<unsigned char>(mark)}, "]"),
+             "Data line thus far =");
 }
 
 }  // namespace
@@ -117,14 +114,14 @@ void dbfReadRecord(dbfL_& dbf, bool& atEnd, TextRef record) {
     record.clear();
     char mark = readMark(dbf.dbfUnit);
     while (mark == kDeleted) {
-        settle(skipBytes(dbf.dbfUnit, dbf.recordLength));
+        requireBytes(skipBytes(dbf.dbfUnit, dbf.recordLength));
         mark = readMark(dbf.dbfUnit);
     }
     switch (mark) {
         case kActive:
         case kActiveToo: readActiveRecord(dbf, record); break;
         case kEndMark: meetEndMark(dbf, atEnd); break;
-        default: stopAboutMark(mark, record.view());
+        default: stopAboutMark(mark);
     }
 }
 

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "gis/records.h"
+#include "gis/layer_table.h"
 #include "text/text.h"
 
 namespace vantelgis {

@@ -21,12 +21,10 @@ RecordItems lastItems;
     gisStop("ERROR 0417 - Writing .dbf record.");
 }
 
-[[noreturn]] void stopUnsplit() {
-    gisSetMessage(
-        MessageLine("Should not be here [dbfdataline] - please contact ", SUPPORT_ADDRESS, "."),
-        gisDataLine);
-    gisReport(1);
-    EXITS();
+[[noreturn]] void stopUnsplit(std::string_view row) {
+    stopWith(
+        "", MessageLine("Should not be here [dbfdataline] - please contact ", SUPPORT_ADDRESS, "."),
+        row);
 }
 
 // Puts an item into its field, which is blank as yet.
@@ -36,21 +34,10 @@ void placeField(char* field, std::string_view item, std::size_t width, char type
     std::memcpy(left ? field : field + width - value.size(), value.data(), value.size());
 }
 
-}  // namespace
-
-void dbfWriteRecord(dbfL_& dbf) {
-    if (dbf.recordNo == std::numeric_limits<std::int32_t>::max()) {
-        gisStop("ERROR 0419 - Exceeded dbf limit of 2,147,483,647 records.  Please contact ",
-                SUPPORT_ADDRESS, ".");
-    }
-    ++dbf.recordNo;
-    dbfdataline(dbf);
-}
-
-void dbfdataline(const dbfL_& dbf) {
+void putRecord(std::string_view row, const dbfL_& dbf) {
     const auto n = static_cast<std::size_t>(dbf.nFields);
     const std::size_t size = static_cast<std::size_t>(dbf.recordLength) + 1;
-    if (!dbfSplitRecord(gisDataLine, n, lastItems)) stopUnsplit();
+    if (!dbfSplitRecord(row, n, lastItems)) stopUnsplit(row);
     OpenFile& file = makeRoom(dbf.dbfUnit, size);
     char* out = file.buffer + file.end;
     file.end += size;
@@ -62,6 +49,17 @@ void dbfdataline(const dbfL_& dbf) {
         out += width;
     }
     if (file.failed) stopAboutRecord();
+}
+
+}  // namespace
+
+void dbfWriteRecord(std::string_view row, dbfL_& dbf) {
+    if (dbf.recordNo == std::numeric_limits<std::int32_t>::max()) {
+        gisStop("ERROR 0419 - Exceeded dbf limit of 2,147,483,647 records.  Please contact ",
+                SUPPORT_ADDRESS, ".");
+    }
+    ++dbf.recordNo;
+    putRecord(row, dbf);
 }
 
 void dbfForgetItems() {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
-#include "gis/records.h"
+#include "gis/fields.h"
+#include "gis/layer_table.h"
 
 namespace vantelgis {
 
@@ -12,14 +14,12 @@ namespace vantelgis {
 /// Empties the table and writes its header and descriptors from the attribute fields, with the
 /// local date. Nothing happens without an open file. Fields that a table can't hold, and a refused
 /// write (ERROR 0413), stop the run.
-void dbfWriteHeader(const GisAttributes& fields, dbfL_& dbf);
+void dbfWriteHeader(FieldDefinitions fields, dbfL_& dbf);
 
-/// Counts a record and writes it from gisDataLine. Stops with ERROR 0419 when the count is at its
-/// limit and with ERROR 0417 when a write was refused.
-void dbfWriteRecord(dbfL_& dbf);
-
-/// Writes the record that is counted already.
-void dbfdataline(const dbfL_& dbf);
+/// Writes a record from `row`, a line of comma-separated text: an item that it leaves out is that
+/// of the record before, of whatever table. ERROR 0419 when the count of records is at its limit,
+/// ERROR 0417 when a write was refused; a row that makes no sense is an internal fault.
+void dbfWriteRecord(std::string_view row, dbfL_& dbf);
 
 /// Forgets the items of the records before; a run starts so.
 void dbfForgetItems();

@@ -1,5 +1,6 @@
 #include "gis/mif/files.h"
 
+#include "gis/report.h"
 #include "run/opener.h"
 #include "run/unit_writing.h"
 #include "text/paths.h"
@@ -12,7 +13,7 @@ void openFileOfPair(int& unit, std::string_view stem, std::string_view extension
                     std::string_view mode) {
     Path name{stem};
     name += extension;
-    FILEOPEN(unit, mode, name);
+    openUnit(unit, mode, name);
     if (unit > 0 && mode == "O ") ownerReportsWriteFailures(unit);
 }
 
@@ -20,12 +21,17 @@ void openFileOfPair(int& unit, std::string_view stem, std::string_view extension
 
 void gisMifOpen(std::string_view name, std::string_view mode, mifL_& layer) {
     Path stem{withoutLeadingBlanks(name)};
-    Text<16> extension;
-    FILEEXT(extension, stem);
-    if (extension == ".mif" || extension == ".mid")
-        stem = stem.view().substr(0, stem.size() - extension.size());
+    if (hasExtension(stem, ".mif") || hasExtension(stem, ".mid"))
+        stem = stem.view().substr(0, stem.size() - extensionOf(stem).size());
     openFileOfPair(layer.mifUnit, stem, ".mif", mode);
     openFileOfPair(layer.midUnit, stem, ".mid", mode);
+}
+
+void gisMifClose(mifL_& layer) {
+    gisCloseFile(layer.mifUnit, "ERROR 0439 - Writing .mif file object coordinates.");
+    gisCloseFile(layer.midUnit,
+                 MessageLine("ERROR 0254 - Failed to write attribute data record for a ",
+                             layer.objectName, " object in GIS layer."));
 }
 
 }  // namespace vantelgis

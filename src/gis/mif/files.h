@@ -2,12 +2,16 @@
 
 #include <string_view>
 
-#include "gis/records.h"
+#include "gis/layer_table.h"
 
 namespace vantelgis {
 
 /// Opens the pair of a MapInfo Interchange layer, whichever of its two names, or the bare stem, is
 /// given: the .mif into `mifUnit`, the .mid into `midUnit`.
 void gisMifOpen(std::string_view name, std::string_view mode, mifL_& layer);
+
+/// Closes both files, which are complete as they stand. ERROR 0439 or 0254 when what was written to
+/// one may be lost.
+void gisMifClose(mifL_& layer);
 
 }  // namespace vantelgis

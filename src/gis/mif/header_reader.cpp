@@ -39,7 +39,7 @@ void readField(mifL_& layer, std::int32_t i) {
     layer.attrType[i] = line.substr(std::min(blank + 1, line.size()));
 }
 
-void tellFields(const mifL_& layer) {
+void reportFields(const mifL_& layer) {
     consoleText(layer.nAttr, " MIF Fields: Name [#/Type]: ");
     for (int i = 0; i < layer.nAttr; ++i)
         consoleText(layer.attrName[i], " [", i + 1, "/", layer.attrType[i], "]  ");
@@ -61,7 +61,7 @@ void gisMifReadHeader(mifL_& layer) {
     const std::int32_t count = readFieldCount(layer.mifUnit);
     for (std::int32_t i = 0; i < count; ++i) readField(layer, i);
     layer.nAttr = std::min(count, kMaxMifFields);
-    tellFields(layer);
+    reportFields(layer);
     readToData(layer.mifUnit);
 }
 

@@ -12,29 +12,31 @@ namespace vantelgis {
 
 namespace {
 
-// What a line can begin with; the order of the rows is the order of the tests.
+// What a line can begin with; the order of the rows is the order of the tests. A Center clause is
+// no object.
 struct Keyword {
     std::string_view word;
-    bool GisObject::*flag;
+    ObjectKind kind;
 };
 constexpr Keyword kKeywords[] = {
-    {"POINT", &GisObject::point},
-    {"PLINE MULTIPLE", &GisObject::plineMultiple},
-    {"PLINE", &GisObject::pline},
-    {"LINE", &GisObject::line},
-    {"REGION", &GisObject::region},
-    {"MULTIPOINT", &GisObject::multiPoint},
-    {"NONE", &GisObject::none},
-    {"RECT", &GisObject::rect},
-    {"ROUNDRECT", &GisObject::roundRect},
-    {"TEXT", &GisObject::text},
-    {"ARC", &GisObject::arc},
-    {"ELLIPSE", &GisObject::ellipse},
-    {"COLLECTION", nullptr},
+    {"POINT", ObjectKind::point},
+    {"PLINE MULTIPLE", ObjectKind::multiPolyline},
+    {"PLINE", ObjectKind::polyline},
+    {"LINE", ObjectKind::line},
+    {"REGION", ObjectKind::region},
+    {"MULTIPOINT", ObjectKind::multiPoint},
+    {"NONE", ObjectKind::none},
+    {"RECT", ObjectKind::rect},
+    {"ROUNDRECT", ObjectKind::roundRect},
+    {"TEXT", ObjectKind::text},
+    {"ARC", ObjectKind::arc},
+    {"ELLIPSE", ObjectKind::ellipse},
+    {"COLLECTION", ObjectKind::unknown},
 };
+constexpr std::string_view kCentre = "CENTER";
 
 // A failed read of a number: the text ran out, or there is something else than a number.
-void settle(Item item) {
+void requireNumber(Item item) {
     if (item == Item::end) gisStop("ERROR 0309 - Unexpected end of .mif file encountered.");
     if (item == Item::bad)
         gisStop("ERROR 0308 - Reading .mif file.  Check file format is not corrupted.");
@@ -42,13 +44,13 @@ void settle(Item item) {
 
 std::int32_t takeCount(std::string_view text, std::int32_t countBefore) {
     FreeFormat list{text};
-    settle(takeInteger(list, countBefore));
+    requireNumber(takeInteger(list, countBefore));
     return countBefore;
 }
 
 std::int32_t takeNodeCount(std::string_view text, std::int32_t countBefore) {
     const std::int32_t count = takeCount(text, countBefore);
-    if (count < 0) settle(Item::bad);
+    if (count < 0) requireNumber(Item::bad);
     return count;
 }
 
@@ -59,37 +61,37 @@ std::size_t firstTextColumn(std::string_view line) {
 }
 
 void readCounts(std::string_view line, std::size_t c, GisObject& object) {
-    const std::string_view behind = line.substr(c);
-    if (object.plineMultiple || object.multiPoint)
-        object.nSections = takeCount(behind, object.nSections);
-    if (object.region) object.nr = takeCount(behind, object.nr);
-    if (object.nr <= kMaxParts) return;
-    gisSetMessage("ERROR 0304 - Exceeded maximum number of polygons in region below of 10000",
-                  line);
-    gisReport(1);
-    EXITS();
+    const bool isRegion = object.kind == ObjectKind::region;
+    if (!isRegion && object.kind != ObjectKind::multiPolyline &&
+        object.kind != ObjectKind::multiPoint)
+        return;
+    object.nParts = takeCount(line.substr(c), object.nParts);
+    if (isRegion && object.nParts > kMaxParts) {
+        stopWith("", "ERROR 0304 - Exceeded maximum number of polygons in region below of 10000",
+                 line);
+    }
 }
 
-// Looks for a keyword at column `c` of the line and moves `c` behind it.
-void matchKeyword(std::string_view line, std::size_t& c, GisObject& object) {
+// Looks for a keyword at column `c` of the line and moves `c` behind it. True if there is one, that
+// of a region's centre included.
+bool matchKeyword(std::string_view line, std::size_t& c, GisObject& object) {
     const std::string_view text = line.substr(c);
-    object.center = beginsWith(text, "CENTER");
     for (const Keyword& keyword : kKeywords) {
         if (!beginsWith(text, keyword.word)) continue;
-        if (keyword.flag == nullptr)
+        if (keyword.kind == ObjectKind::unknown)
             gisStop(
                 "ERROR 0303 - MIF \"Collection\" objects not supported.  Delete or disaggregate "
                 "object.");
-        object.*keyword.flag = true;
-        object.objName = keyword.word;
+        object.kind = keyword.kind;
+        object.name = keyword.word;
         c += keyword.word.size();
         readCounts(line, c, object);
-        return;
+        return true;
     }
-    if (object.center) {
-        object.objName = "CENTER";
-        c += object.objName.size();
-    }
+    if (!beginsWith(text, kCentre)) return false;
+    object.name = kCentre;
+    c += kCentre.size();
+    return true;
 }
 
 std::string_view readScannedLine(int mifUnit) {
@@ -104,19 +106,21 @@ std::string_view readScannedLine(int mifUnit) {
 void readNextLine(int mifUnit, TextRef line) {
     std::string_view text;
     const ReadResult result = readLine(mifUnit, text);
-    if (result != ReadResult::ok) settle(result == ReadResult::end ? Item::end : Item::bad);
+    if (result != ReadResult::ok) requireNumber(result == ReadResult::end ? Item::end : Item::bad);
     line.assign(text);
 }
 
 void readNode(int mifUnit, ObjectNodes& nodes, std::size_t i) {
-    settle(readPair(mifUnit, nodes.x[i], nodes.y[i], Line::capacity()));
+    requireNumber(readPair(mifUnit, nodes.x[i], nodes.y[i], Line::capacity()));
 }
 
 void takeNode(FreeFormat& list, ObjectNodes& nodes, std::size_t i) {
-    settle(takeReal(list, nodes.x[i]));
-    settle(takeReal(list, nodes.y[i]));
+    requireNumber(takeReal(list, nodes.x[i]));
+    requireNumber(takeReal(list, nodes.y[i]));
 }
 
+// The second node repeats the point: a later polyline that leaves out a number of its second node
+// finds it there.
 void readPoint(int mifUnit, std::string_view rest, ObjectNodes& nodes) {
     if (rest.empty()) {
         readNode(mifUnit, nodes, 0);
@@ -124,6 +128,8 @@ void readPoint(int mifUnit, std::string_view rest, ObjectNodes& nodes) {
         FreeFormat list{rest};
         takeNode(list, nodes, 0);
     }
+    nodes.x[1] = nodes.x[0];
+    nodes.y[1] = nodes.y[0];
     nodes.n = 1;
 }
 
@@ -134,7 +140,7 @@ void readTwoNodes(std::string_view rest, ObjectNodes& nodes) {
     nodes.n = 2;
 }
 
-void readSection(int mifUnit, std::string_view countText, ObjectNodes& nodes) {
+void readPart(int mifUnit, std::string_view countText, ObjectNodes& nodes) {
     nodes.n = takeNodeCount(countText, nodes.n);
     gisMifCheckNodes(nodes.n, nodes.maxNodes);
     for (std::size_t i = 0; i < static_cast<std::size_t>(nodes.n); ++i) readNode(mifUnit, nodes, i);
@@ -152,67 +158,74 @@ void readPolygon(int mifUnit, TextRef rest, ObjectNodes& nodes) {
     repeatSecondVertex(nodes, first, static_cast<std::size_t>(vertices));
 }
 
+// Reads on to the next line with an object keyword. `centreLast`: the line read last is a Center
+// clause, which is no object.
+void scanForObject(int mifUnit, TextRef line, TextRef rest, GisObject& object, bool& centreLast) {
+    line.clear();
+    centreLast = false;
+    while (object.kind == ObjectKind::unknown && !atEnd(mifUnit)) {
+        const std::string_view text = readScannedLine(mifUnit);
+        std::size_t c = firstTextColumn(text);
+        const bool matched = c < text.size() && isLetter(text[c]) && matchKeyword(text, c, object);
+        centreLast = matched && object.kind == ObjectKind::unknown;
+        if (!matched) continue;
+        line.assign(text);
+        rest.assign(text.substr(c));
+    }
+}
+
 // A Center clause is seen only when it ends the file: the scan for it goes on to the next object.
-void readCentre(int mifUnit, TextRef rest, ObjectNodes& nodes, bool& noCentreSeen) {
-    static GisObject scratch;
-    scratch.clear();
-    gisMifObjectType(mifUnit, rest, rest, scratch);
-    if (!scratch.center) {
+void readCentre(int mifUnit, TextRef rest, ObjectNodes& nodes) {
+    GisObject next;
+    scanForObject(mifUnit, rest, rest, next, nodes.centreRead);
+    if (!nodes.centreRead) {
         backspaceUnit(mifUnit);
         return;
     }
     FreeFormat list{rest.view()};
-    settle(takeReal(list, nodes.xc));
-    settle(takeReal(list, nodes.yc));
-    noCentreSeen = false;
+    requireNumber(takeReal(list, nodes.xCentre));
+    requireNumber(takeReal(list, nodes.yCentre));
 }
 
-void readRegion(int mifUnit, TextRef rest, GisObject& object, ObjectNodes& nodes,
-                bool& noCentreSeen) {
+void readRegion(mifL_& layer, std::int32_t polygons, ObjectNodes& nodes) {
     constexpr int kFewestNodes = 5;
     nodes.n = 0;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(std::max(object.nr, 0)); ++i) {
-        readPolygon(mifUnit, rest, nodes);
-        object.ir[i] = nodes.n - 1;
+    nodes.ringEnds.clear();
+    for (std::int32_t i = 0; i < polygons; ++i) {
+        readPolygon(layer.mifUnit, layer.rest, nodes);
+        nodes.ringEnds.push_back(nodes.n - 1);
     }
-    if (object.nr < 1 || nodes.n < kFewestNodes)
+    if (polygons < 1 || nodes.n < kFewestNodes)
         gisStop("ERROR 0318 - Less than 5 points for Region object in mif file.");
-    readCentre(mifUnit, rest, nodes, noCentreSeen);
+    readCentre(layer.mifUnit, layer.rest, nodes);
 }
 
 }  // namespace
 
-bool gisMifObjectType(int mifUnit, TextRef line, TextRef rest, GisObject& object) {
-    line.clear();
-    while (!object.found() && !atEnd(mifUnit)) {
-        const std::string_view text = readScannedLine(mifUnit);
-        std::size_t c = firstTextColumn(text);
-        object.center = false;
-        if (c < text.size() && isLetter(text[c])) matchKeyword(text, c, object);
-        if (!object.found() && !object.center) continue;
-        line.assign(text);
-        rest.assign(text.substr(c));
-    }
-    return object.found();
+bool gisMifObjectType(mifL_& layer, GisObject& object) {
+    bool centreLast = false;
+    scanForObject(layer.mifUnit, layer.line, layer.rest, object, centreLast);
+    const bool found = object.kind != ObjectKind::unknown;
+    if (!found) layer.rest.clear();
+    return found;
 }
 
-void gisMifReadObject(int mifUnit, TextRef rest, GisObject& object, ObjectNodes& nodes,
-                      bool& noCentreSeen) {
-    if (object.multiPoint) {
-        readPoint(mifUnit, {}, nodes);
-    } else if (object.point) {
-        readPoint(mifUnit, rest.view(), nodes);
-    } else if (object.line || object.rect || object.roundRect) {
-        readTwoNodes(rest.view(), nodes);
-    } else if (object.arc || object.ellipse) {
-        nodes.n = 0;
-    } else if (object.pline) {
-        readSection(mifUnit, rest.view(), nodes);
-    } else if (object.plineMultiple) {
-        readNextLine(mifUnit, rest);
-        readSection(mifUnit, rest.view(), nodes);
-    } else if (object.region) {
-        readRegion(mifUnit, rest, object, nodes, noCentreSeen);
+void gisMifReadObject(mifL_& layer, const GisObject& object, ObjectNodes& nodes) {
+    const int unit = layer.mifUnit;
+    switch (object.kind) {
+        case ObjectKind::multiPoint: return readPoint(unit, {}, nodes);
+        case ObjectKind::point: return readPoint(unit, layer.rest, nodes);
+        case ObjectKind::line:
+        case ObjectKind::rect:
+        case ObjectKind::roundRect: return readTwoNodes(layer.rest, nodes);
+        case ObjectKind::multiPolyline:
+            readNextLine(unit, layer.rest);
+            return readPart(unit, layer.rest, nodes);
+        case ObjectKind::polyline: return readPart(unit, layer.rest, nodes);
+        case ObjectKind::region: return readRegion(layer, object.nParts, nodes);
+        case ObjectKind::arc:
+        case ObjectKind::ellipse: nodes.n = 0; return;
+        default: return;
     }
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <string_view>
+#include <cstdint>
 
-#include "gis/records.h"
+#include "gis/layer_table.h"
+#include "gis/object.h"
 #include "text/text.h"
 
 namespace vantelgis {
@@ -10,23 +11,29 @@ namespace vantelgis {
 // The reader of MapInfo Interchange files (the format's appendix in the MapInfo reference). It
 // looks for a few words at the start of lines and takes the rest of the file as noise.
 
-/// Reads the number of columns and the column lines, tells them on the console, and stops behind
-/// the line `Data`. Columns beyond 256 are read and dropped.
+/// Reads the number of columns and the column lines, shows them on the console, and stops behind
+/// the line `Data`. Columns beyond kMaxMifFields are read and dropped. A header that makes no sense
+/// stops the run with ERROR 0313 to 0319.
 void gisMifReadHeader(mifL_& layer);
 
 /// Goes back to the line behind `Data`.
 void gisMifSkipToData(int mifUnit);
 
-/// Finds the next line with an object keyword: sets the object's flag, counts and name, `line` to
-/// that line and `rest` to what follows the keyword. False when the file ends without one.
-bool gisMifObjectType(int mifUnit, TextRef line, TextRef rest, GisObject& object);
+/// Finds the next line with an object keyword: sets the kind, count and name of `object`, which is
+/// clear, the layer's `line` to that line and its `rest` to what follows the keyword. False, with
+/// `rest` blank, when the file ends without one.
+bool gisMifObjectType(mifL_& layer, GisObject& object);
 
-/// Reads the coordinates of the object (the next section of a plineMultiple). `noCentreSeen`
-/// becomes false when a region's centre was read into `nodes`.
-void gisMifReadObject(int mifUnit, TextRef rest, GisObject& object, ObjectNodes& nodes,
-                      bool& noCentreSeen);
+/// Reads the coordinates of the object (the next part of a multiPolyline, the next point of a
+/// multiPoint) into `nodes`, with a region's centre where it ends the file. Numbers that can't be
+/// read stop the run with ERROR 0308 or 0309.
+void gisMifReadObject(mifL_& layer, const GisObject& object, ObjectNodes& nodes);
 
 /// Stops with ERROR 0310 when `n` is above `maxNodes`.
 void gisMifCheckNodes(std::int64_t n, std::int32_t maxNodes);
+
+/// Reads the next line of a .mid as the attribute record of the object. The file must have one:
+/// else ERROR 0254, with the object's name.
+void midReadRecord(int midUnit, const GisObject& object, TextRef record);
 
 }  // namespace vantelgis

@@ -2,14 +2,14 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <string_view>
-#include <vector>
 
 #include "gis/report.h"
 #include "run/unit_writing.h"
 
 namespace vantelgis {
+
+Text<1000> gisMifCoordSys;
 
 namespace {
 
@@ -17,166 +17,158 @@ constexpr int kFieldWidth = 16;
 constexpr int kCoordinateDecimals = 6;
 constexpr int kTextBoxDecimals = 3;
 constexpr std::size_t kNodeWidth = 2 * kFieldWidth;
-constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::string_view kPoint = "Point ";
-
-// The coordinates of the polyline written last as they stand in the file, for the points at its
-// nodes: each number is formatted once.
-std::vector<char> nodeTexts;
+constexpr std::size_t kNodeLineRoom = kNodeWidth + 16;
 
 void checkWritten(int mifUnit) {
     if (writeFailed(mifUnit)) gisStop("ERROR 0439 - Writing .mif file object coordinates.");
 }
 
-char* copyText(char* out, std::string_view text) {
-    std::memcpy(out, text.data(), text.size());
-    return out + text.size();
+void addNode(OutputLine& line, const OutputNodes& nodes, std::size_t i,
+             int decimals = kCoordinateDecimals) {
+    line.fixed(nodes.x()[i], kFieldWidth, decimals);
+    line.fixed(nodes.y()[i], kFieldWidth, decimals);
 }
 
-char* nodeFields(char* out, std::size_t i, int decimals) {
-    out = fixedField(out, gisX[i], kFieldWidth, decimals);
-    return fixedField(out, gisY[i], kFieldWidth, decimals);
-}
-
-void putNode(int unit, std::size_t i, int decimals = kCoordinateDecimals) {
-    commit(unit, nodeFields(reserve(unit, kNodeWidth), i, decimals));
-}
-
-// A line of its own for each of `count` nodes from index `first` on.
-void putNodes(int unit, std::int64_t first, std::int64_t count) {
-    const auto begin = static_cast<std::size_t>(first);
-    for (std::size_t i = begin; i < begin + static_cast<std::size_t>(count); ++i) {
-        putNode(unit, i);
-        endLine(unit);
+// A line of its own for each node from index `first` to before `end`.
+void putNodes(int unit, const OutputNodes& nodes, std::size_t first, std::size_t end) {
+    OutputLine line{unit, kNodeLineRoom};
+    for (std::size_t i = first; i < end; ++i) {
+        addNode(line, nodes, i);
+        line.end();
     }
 }
 
 void putCount(int unit, std::string_view word, std::int64_t count) {
-    put(unit, word);
-    putInteger(unit, count);
-    endLine(unit);
+    OutputLine line{unit, kNodeLineRoom};
+    line.text(word);
+    line.integer(count);
+    line.end();
 }
 
-void reserveNodeTexts(std::size_t size) {
-    if (nodeTexts.size() < size) nodeTexts.resize(std::max(size, 2 * nodeTexts.size()));
-}
-
-// Many lines go into the unit's buffer at a time.
-void writePolyline(int unit) {
-    constexpr std::size_t kLineWidth = kNodeWidth + kLineEnd.size();
-    constexpr std::size_t kLinesAtOnce = kLargestReserve / kLineWidth;
-    putCount(unit, "Pline ", gisN);
-    const auto nodes = static_cast<std::size_t>(std::max(gisN, 0));
-    reserveNodeTexts(nodes * kNodeWidth);
-    for (std::size_t i = 0; i < nodes;) {
-        const std::size_t end = std::min(nodes, i + kLinesAtOnce);
-        char* out = reserve(unit, (end - i) * kLineWidth);
-        for (; i < end; ++i) {
-            char* const text = nodeTexts.data() + i * kNodeWidth;
-            nodeFields(text, i, kCoordinateDecimals);
-            out = copyText(copyText(out, {text, kNodeWidth}), kLineEnd);
-        }
-        commit(unit, out);
+// Keeps what is written of each node, for the points at them. Many lines go into the unit's buffer
+// at a time.
+void writePolyline(int unit, OutputNodes& nodes) {
+    constexpr std::size_t kLinesAtOnce = 1024;
+    putCount(unit, "Pline ", std::ssize(nodes.x()));
+    char* text = nodes.roomForTexts(kNodeWidth);
+    OutputLine line{unit, std::min(nodes.size(), kLinesAtOnce) * kNodeLineRoom};
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        char* const y = fixedField(text, nodes.x()[i], kFieldWidth, kCoordinateDecimals);
+        char* const behind = fixedField(y, nodes.y()[i], kFieldWidth, kCoordinateDecimals);
+        line.text({text, kNodeWidth});
+        line.end();
+        text = behind;
     }
+    nodes.keepTexts();
 }
 
-// Part i (from 0) of the nr parts that begin at the nodes ir[i].
-void writeParts(const GisObject& object, int unit, std::string_view word) {
-    putCount(unit, word, object.nr);
-    for (std::int32_t i = 0; i < object.nr; ++i) {
-        const auto part = static_cast<std::size_t>(i);
-        const std::int64_t first = object.ir[part];
+// Each part runs from the node with which it begins to that of the next one.
+void writeParts(int unit, const GisObject& object, const OutputNodes& nodes,
+                std::string_view word) {
+    auto starts = object.partStarts;
+    if (starts.size() == 1 && object.kind == ObjectKind::region) starts = {};  // takes all nodes
+    const std::size_t nParts = std::max<std::size_t>(starts.size(), 1);
+    putCount(unit, word, static_cast<std::int64_t>(nParts));
+    for (std::size_t part = 0; part < nParts; ++part) {
+        const std::int64_t first = starts.empty() ? 1 : std::max(starts[part], 1);
         const std::int64_t behind =
-            i + 1 < object.nr ? object.ir[part + 1] : std::int64_t{gisN} + 1;
+            part + 1 < nParts ? starts[part + 1] : std::ssize(nodes.x()) + 1;
         putCount(unit, " ", behind - first);
-        putNodes(unit, first - 1, behind - first);
+        putNodes(unit, nodes, static_cast<std::size_t>(first - 1),
+                 static_cast<std::size_t>(behind - 1));
     }
 }
 
-void writeRegion(const GisObject& object, int unit) {
-    if (object.nr >= 2) return writeParts(object, unit, "Region ");
-    putCount(unit, "Region ", 1);
-    putCount(unit, " ", gisN);
-    putNodes(unit, 0, gisN);
+void writeLine(int unit, const OutputNodes& nodes) {
+    OutputLine line{unit, 2 * kNodeLineRoom};
+    line.text("Line ");
+    addNode(line, nodes, 0);
+    addNode(line, nodes, 1);
+    line.end();
 }
 
-void writeLine(int unit) {
-    put(unit, "Line ");
-    putNode(unit, 0);
-    putNode(unit, 1);
-    endLine(unit);
+void writePoint(int unit, const OutputNodes& nodes, std::size_t i) {
+    OutputLine line{unit, kNodeLineRoom};
+    line.text("Point ");
+    if (const char* const text = nodes.text(i); text != nullptr) {
+        line.text({text, kNodeWidth});
+    } else {
+        addNode(line, nodes, i);
+    }
+    line.end();
 }
 
-void writePoint(int unit) {
-    put(unit, kPoint);
-    putNode(unit, 0);
-    endLine(unit);
-}
-
-void writeText(int unit) {
-    gisReserveNodes(3);
+// The row is what is shown; its box lies between the second and the third node.
+void writeText(int unit, const OutputNodes& nodes, std::string_view row) {
     put(unit, "Text\r\n");
-    putLine(unit, gisDataLine);
-    put(unit, "    ");
-    putNode(unit, 1, kTextBoxDecimals);
-    putNode(unit, 2, kTextBoxDecimals);
-    endLine(unit);
+    putLine(unit, row);
+    OutputLine line{unit, 2 * kNodeLineRoom};
+    line.text("    ");
+    addNode(line, nodes, 1, kTextBoxDecimals);
+    addNode(line, nodes, 2, kTextBoxDecimals);
+    line.end();
+}
+
+void writeRecord(mifL_& layer, std::string_view objectName, std::string_view row) {
+    layer.objectName = objectName;
+    putLine(layer.midUnit, row);
+    if (!writeFailed(layer.midUnit)) return;
+    gisStop("ERROR 0254 - Failed to write attribute data record for a ", objectName,
+            " object in GIS layer.");
 }
 
 }  // namespace
 
-void gisMifWriteHeader(const GisAttributes& fields, int mifUnit) {
+void gisMifWriteHeader(FieldDefinitions fields, int mifUnit) {
     put(mifUnit, "Version 300\r\nCharset \"WindowsLatin1\"\r\nDelimiter \",\"\r\n");
     putLine(mifUnit, gisMifCoordSys);
-    putCount(mifUnit, "Columns ", fields.n);
-    for (std::size_t i = 0; i < static_cast<std::size_t>(fields.n); ++i) {
-        put(mifUnit, "  ");
-        put(mifUnit, fields.name[i]);
-        put(mifUnit, " ");
-        put(mifUnit, fields.type[i]);
-        if (fields.width[i] >= 1) {
-            put(mifUnit, "(");
-            putInteger(mifUnit, fields.width[i]);
-            put(mifUnit, ")");
+    putCount(mifUnit, "Columns ", std::ssize(fields));
+    OutputLine line{mifUnit, Line::capacity()};
+    for (const FieldDefinition& field : fields) {
+        line.text("  ");
+        line.text(field.name);
+        line.text(" ");
+        line.text(field.type);
+        if (field.width >= 1) {
+            line.text("(");
+            line.integer(field.width);
+            line.text(")");
         }
-        endLine(mifUnit);
+        line.end();
     }
     put(mifUnit, "Data\r\n\r\n");
     checkWritten(mifUnit);
 }
 
-void gisMifWriteObject(const GisObject& object, int mifUnit) {
-    if (object.point) {
-        writePoint(mifUnit);
-    } else if (object.multiPoint) {
-        putCount(mifUnit, "MultiPoint ", gisN);
-        putNodes(mifUnit, 0, gisN);
-    } else if (object.line) {
-        writeLine(mifUnit);
-    } else if (object.pline) {
-        writePolyline(mifUnit);
-    } else if (object.plineMultiple) {
-        writeParts(object, mifUnit, "Pline Multiple ");
-    } else if (object.region) {
-        writeRegion(object, mifUnit);
-    } else if (object.text) {
-        writeText(mifUnit);
-    } else if (object.none) {
-        put(mifUnit, "none\r\n");
-    } else {
-        gisStop(
-            "ERROR 0350 - Trying to write a MIF object that is not yet supported.  Please contact ",
-            SUPPORT_ADDRESS, ".");
+void gisMifWriteObject(mifL_& layer, const GisObject& object, OutputNodes& nodes,
+                       std::string_view row) {
+    const int unit = layer.mifUnit;
+    switch (object.kind) {
+        case ObjectKind::point: writePoint(unit, nodes, 0); break;
+        case ObjectKind::multiPoint:
+            putCount(unit, "MultiPoint ", std::ssize(nodes.x()));
+            putNodes(unit, nodes, 0, nodes.size());
+            break;
+        case ObjectKind::line: writeLine(unit, nodes); break;
+        case ObjectKind::polyline: writePolyline(unit, nodes); break;
+        case ObjectKind::multiPolyline: writeParts(unit, object, nodes, "Pline Multiple "); break;
+        case ObjectKind::region: writeParts(unit, object, nodes, "Region "); break;
+        case ObjectKind::text: writeText(unit, nodes, row); break;
+        case ObjectKind::none: put(unit, "none\r\n"); break;
+        default:
+            gisStop(
+                "ERROR 0350 - Trying to write a MIF object that is not yet supported.  Please "
+                "contact ",
+                SUPPORT_ADDRESS, ".");
     }
-    checkWritten(mifUnit);
+    checkWritten(unit);
+    writeRecord(layer, object.name, row);
 }
 
-void gisMifWritePointAtNode(std::int32_t node, int mifUnit) {
-    const std::size_t start = static_cast<std::size_t>(node - 1) * kNodeWidth;
-    char* out = copyText(reserve(mifUnit, kPoint.size() + kNodeWidth + kLineEnd.size()), kPoint);
-    out = copyText(out, {nodeTexts.data() + start, kNodeWidth});
-    commit(mifUnit, copyText(out, kLineEnd));
-    checkWritten(mifUnit);
+void gisMifWritePoint(mifL_& layer, const OutputNodes& nodes, std::size_t i, std::string_view row) {
+    writePoint(layer.mifUnit, nodes, i);
+    checkWritten(layer.mifUnit);
+    writeRecord(layer, {}, row);
 }
 
 }  // namespace vantelgis

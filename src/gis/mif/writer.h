@@ -1,22 +1,29 @@
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
+#include <string_view>
 
-#include "gis/records.h"
+#include "gis/fields.h"
+#include "gis/layer_table.h"
+#include "gis/object.h"
+#include "text/text.h"
 
 namespace vantelgis {
 
 // The writer of MapInfo Interchange files (the format's appendix in the MapInfo reference).
 
+/// The CoordSys line of layers that are made.
+extern Text<1000> gisMifCoordSys;
+
 /// Writes the header from the attribute fields and gisMifCoordSys. A failed write is ERROR 0439.
-void gisMifWriteHeader(const GisAttributes& fields, int mifUnit);
+void gisMifWriteHeader(FieldDefinitions fields, int mifUnit);
 
-/// Writes one object from gisN, gisX and gisY. A kind that can't be written is ERROR 0350, a failed
-/// write ERROR 0439.
-void gisMifWriteObject(const GisObject& object, int mifUnit);
+/// Writes one object and its row. A kind that can't be written is ERROR 0350, a failed write ERROR
+/// 0439 of the .mif and ERROR 0254 of the .mid.
+void gisMifWriteObject(mifL_& layer, const GisObject& object, OutputNodes& nodes,
+                       std::string_view row);
 
-/// Writes a point at node `node` (from 1) of the object that gisMifWriteObject wrote last, with the
-/// text that its coordinates got there.
-void gisMifWritePointAtNode(std::int32_t node, int mifUnit);
+/// Writes a point at node `i` (from 0), as that node was written, and its row.
+void gisMifWritePoint(mifL_& layer, const OutputNodes& nodes, std::size_t i, std::string_view row);
 
 }  // namespace vantelgis

@@ -1,9 +1,7 @@
 #include "gis/shp/files.h"
 
 #include "gis/report.h"
-#include "run/console.h"
 #include "run/opener.h"
-#include "run/platform.h"
 #include "run/stop.h"
 #include "run/unit_writing.h"
 #include "text/paths.h"
@@ -12,11 +10,6 @@ namespace vantelgis {
 
 namespace {
 
-[[noreturn]] void stopAtInternalFault(std::string_view where) {
-    consoleLine("Should not be here [", where, "] - please contact ", SUPPORT_ADDRESS, ".");
-    EXITS();
-}
-
 Path withExtension(std::string_view stem, std::string_view extension) {
     Path name{stem};
     name += extension;
@@ -24,7 +17,7 @@ Path withExtension(std::string_view stem, std::string_view extension) {
 }
 
 void openForOutput(int& unit, std::string_view mode, std::string_view name) {
-    FILEOPEN(unit, mode, name);
+    openUnit(unit, mode, name);
     ownerReportsWriteFailures(unit);
 }
 
@@ -37,12 +30,6 @@ void openOutputFiles(std::string_view stem, shpL_& shp, dbfL_& dbf) {
     openForOutput(dbf.dbfUnit, "BO", withExtension(stem, ".dbf"));
 }
 
-void openInputFiles(std::string_view name, std::string_view stem, shpL_& shp, dbfL_& dbf) {
-    FILEOPEN(shp.shpUnit, "BI", name);
-    FILEOPEN(shp.shpUnitBE, "BE", name);
-    FILEOPEN(dbf.dbfUnit, "BI", withExtension(stem, ".dbf"));
-}
-
 struct Family {
     std::string_view letters;
     std::size_t index;
@@ -50,10 +37,15 @@ struct Family {
 };
 constexpr Family kFamilyTable[] = {{"Pp", 0, 1}, {"Ll", 1, 3}, {"Rr", 2, 5}};
 
+[[noreturn]] void stopAtFamilies() {
+    stopWith(MessageLine("Should not be here [OpenshpFileType] - please contact ", SUPPORT_ADDRESS,
+                         "."));
+}
+
 const Family& familyOf(char letter) {
     for (const Family& family : kFamilyTable)
         if (family.letters.find(letter) != std::string_view::npos) return family;
-    stopAtInternalFault("OpenshpFileType");
+    stopAtFamilies();
 }
 
 // What is still open of a set when its layer is closed holds nothing but a header.
@@ -63,41 +55,25 @@ void closeIfOpen(int& unit) {
 
 }  // namespace
 
-bool OpenshpFile(std::string_view name, std::string_view family, std::string_view mode, shpL_& shp,
-                 dbfL_& dbf) {
-    shp.shpUnit = shp.shpUnitBE = shp.shxUnit = shp.shxUnitBE = dbf.dbfUnit = 0;
-    const Text<8> familyText{family};
-    const bool input = mode == "I ";
-    if (!input && mode != "O ") stopAtInternalFault("OpenshpFile");
-    Text<8> extension;
-    FILEEXT(extension, name);
-    if (!(extension == ".shp")) gisStop("ERROR 0426 - ", ".shp", " file not specified.");
-    if (!input && familyText.blank()) stopAtInternalFault("OpenshpFileO");
-
-    Path stem;
-    FILENAMEPATH(stem, name);
-    Path workingName{name};
-    if (!familyText.blank()) {
-        stem += "_";
-        stem += familyText;
-        workingName = withExtension(stem, ".shp");
-    }
-    if (!input) {
-        openOutputFiles(stem, shp, dbf);
-        return true;
-    }
-    if (!familyText.blank() && !platform::inputExists(workingName)) return false;
-    openInputFiles(workingName, stem, shp, dbf);
-    return true;
+void shpOpenInput(std::string_view name, shpL_& shp, dbfL_& dbf) {
+    openUnit(shp.shpUnit, "BI", name);
+    openUnit(shp.shpUnitBE, "BE", name);
+    openUnit(dbf.dbfUnit, "BI", withExtension(withoutExtension(name), ".dbf"));
 }
 
 void shpOpenFamilies(std::string_view name, std::string_view shapeFamilies, GisLayer& layer) {
-    for (const char& letter : withoutTrailingBlanks(shapeFamilies)) {
+    const std::string_view letters = withoutTrailingBlanks(shapeFamilies);
+    if (letters.empty()) stopAtFamilies();
+    for (const char letter : letters) static_cast<void>(familyOf(letter));
+    for (const char& letter : letters) {
         const Family& family = familyOf(letter);
         shpL_& shp = layer.shp[family.index];
         if (shp.shpUnit > 0) continue;
         shp.shapeType = family.shapeType;
-        OpenshpFile(name, {&letter, 1}, "O ", shp, layer.dbf[family.index]);
+        Path stem{withoutExtension(name)};
+        stem += "_";
+        stem += {&letter, 1};
+        openOutputFiles(stem, shp, layer.dbf[family.index]);
     }
 }
 

@@ -2,19 +2,18 @@
 
 #include <string_view>
 
-#include "gis/records.h"
+#include "gis/layer_table.h"
 
 namespace vantelgis {
 
-/// Opens the files of one shapefile set: for input ("I ") the .shp twice, once for each byte order,
-/// and the .dbf; for output ("O ") also the .shx twice and the .prj. `name` must end in .shp. A
-/// `family` that is not blank goes into the file names (road.shp becomes road_L.shp); output needs
-/// one. False, with nothing opened, when a family's file to read is not there.
-bool OpenshpFile(std::string_view name, std::string_view family, std::string_view mode, shpL_& shp,
-                 dbfL_& dbf);
+/// Opens for input the files of the shapefile `name`, which must end in .shp: the .shp twice, once
+/// for each byte order, and the .dbf.
+void shpOpenInput(std::string_view name, shpL_& shp, dbfL_& dbf);
 
 /// Opens for output a set for each letter of `shapeFamilies`: P points, L lines, R regions, in
-/// either case. A family named twice is opened once; another letter stops the run.
+/// either case. The letter goes into the file names (road.shp becomes road_L.shp); each set is a
+/// .shp and a .shx, both twice, a .prj and a .dbf. A family named twice is opened once; another
+/// letter, or none at all, stops the run before a file is made.
 void shpOpenFamilies(std::string_view name, std::string_view shapeFamilies, GisLayer& layer);
 
 /// Closes whatever files of the layer's sets are still open.

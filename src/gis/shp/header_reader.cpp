@@ -8,7 +8,7 @@ namespace vantelgis {
 
 namespace {
 
-void settle(ReadResult result) {
+void requireBytes(ReadResult result) {
     if (result == ReadResult::end)
         gisStop("ERROR 0428 - End of .shp file encountered whilst reading header.");
     if (result == ReadResult::failed) gisStop("ERROR 0427 - Reading .shp file header.");
@@ -21,7 +21,7 @@ ShpHeader shpReadHeader(int unit) {
     if (unit <= 0) return header;
     rewindUnit(unit);
     char bytes[100];
-    settle(readBytes(unit, bytes, sizeof bytes));
+    requireBytes(readBytes(unit, bytes, sizeof bytes));
     const bool big = fileOf(unit).mode->content == Content::bigEndianBytes;
     const std::endian order = big ? std::endian::big : std::endian::little;
     header.code = valueOf<std::int32_t>(bytes, order);
@@ -48,13 +48,14 @@ void shpReadLayerHeader(shpL_& shp) {
     shp.yMax = little.yMax;
     consoleLine("Shapefile Code: ", shp.fileCode, "  Length: ", shp.fileLength);
     consoleLine("Shapefile Version: ", shp.version, "  Type: ", shp.shapeType);
-    CLOSER(shp.shpUnitBE);
+    closeUnit(shp.shpUnitBE);
 }
 
 void shpRewind(shpL_& shp) {
     shpReadHeader(shp.shpUnit);
     shp.unread = 0;
     shp.countAhead = false;
+    shp.nParts = shp.nextPart = 0;
 }
 
 }  // namespace vantelgis

@@ -8,6 +8,8 @@
 
 namespace vantelgis {
 
+Text<1000> gisShpProjCS;
+
 namespace {
 
 constexpr std::int32_t kHeaderWords = 50;
@@ -52,7 +54,7 @@ void shpWriteHeader(shpL_& shp, int unit, int twin) {
     if (!flushUnit(unit)) gisStop(kFailure);
 }
 
-void shpWriteLayerHeaders(GisLayer& layer) {
+void shpWriteLayerHeaders(GisLayer& layer, FieldDefinitions fields) {
     for (std::size_t k = 0; k < kFamilies; ++k) {
         shpL_& shp = layer.shp[k];
         if (shp.shpUnit <= 0) continue;
@@ -62,7 +64,7 @@ void shpWriteLayerHeaders(GisLayer& layer) {
         gisCloseFile(shp.shxUnit, kFailure);
         shp.offset = kHeaderWords;
         startBox(shp);
-        dbfWriteHeader(gisA_, layer.dbf[k]);
+        dbfWriteHeader(fields, layer.dbf[k]);
         layer.dbf[k].recordNo = 0;
     }
 }

@@ -8,37 +8,41 @@ namespace {
 
 enum Family : std::size_t { kPoints, kLines, kRegions };
 
-// The set that takes an object which has a geometry. `operation` names the caller.
-Family familyOf(const GisObject& object, std::string_view operation) {
-    if (object.point || object.text || object.multiPoint) return kPoints;
-    if (object.line || object.pline || object.plineMultiple) return kLines;
-    if (object.region) return kRegions;
-    gisStop("Should not be here [", operation, "].  Please contact ", SUPPORT_ADDRESS, ".");
+// The set that takes an object which has a geometry.
+Family familyOf(const GisObject& object) {
+    if (object.isLineLike()) return kLines;
+    switch (object.kind) {
+        case ObjectKind::point:
+        case ObjectKind::text:
+        case ObjectKind::multiPoint: return kPoints;
+        case ObjectKind::region: return kRegions;
+        default:
+            gisStop("Should not be here [gisWriteObject-shp].  Please contact ", SUPPORT_ADDRESS,
+                    ".");
+    }
 }
 
 }  // namespace
 
-void shpWriteLayerObject(GisLayer& layer, GisObject& object) {
-    if (object.none) {
-        for (std::size_t k = 0; k < kFamilies; ++k)
-            if (layer.dbf[k].dbfUnit > 0) shpWriteObject(object, layer.shp[k]);
+void shpWriteLayerObject(GisLayer& layer, const GisObject& object, const OutputNodes& nodes,
+                         std::string_view row) {
+    if (object.kind != ObjectKind::none) {
+        const Family family = familyOf(object);
+        shpWriteObject(object, nodes, layer.shp[family]);
+        dbfWriteRecord(row, layer.dbf[family]);
         return;
     }
-    const Family family = familyOf(object, "gisWriteObject-shp");
-    if (object.text) {
-        object.text = false;
-        object.point = true;
+    for (std::size_t k = 0; k < kFamilies; ++k) {
+        if (layer.dbf[k].dbfUnit <= 0) continue;
+        shpWriteObject(object, nodes, layer.shp[k]);
+        dbfWriteRecord(row, layer.dbf[k]);
     }
-    shpWriteObject(object, layer.shp[family]);
 }
 
-void shpWriteLayerRecord(GisLayer& layer, const GisObject& object) {
-    if (!object.none) {
-        dbfWriteRecord(layer.dbf[familyOf(object, "gisWriteRecord-dbf")]);
-        return;
-    }
-    for (dbfL_& dbf : layer.dbf)
-        if (dbf.dbfUnit > 0) dbfWriteRecord(dbf);
+void shpWriteLayerPoint(GisLayer& layer, const OutputNodes& nodes, std::size_t i,
+                        std::string_view row) {
+    shpWritePoint(nodes.x()[i], nodes.y()[i], layer.shp[kPoints]);
+    dbfWriteRecord(row, layer.dbf[kPoints]);
 }
 
 }  // namespace vantelgis

@@ -27,14 +27,14 @@ constexpr ReadMessages kReadingCoordinates{
     "ERROR 0430 - End of .shp file encountered whilst reading object coordinates.",
     "ERROR 0429 - Reading .shp file object coordinates."};
 
-void settle(ReadResult result, const ReadMessages& messages) {
+void requireBytes(ReadResult result, const ReadMessages& messages) {
     if (result == ReadResult::end) gisStop(messages.end);
     if (result == ReadResult::failed) gisStop(messages.failed);
 }
 
 std::int32_t readInteger(int unit, const ReadMessages& messages) {
     std::int32_t value = 0;
-    settle(readValue(unit, value), messages);
+    requireBytes(readValue(unit, value), messages);
     return value;
 }
 
@@ -46,16 +46,16 @@ std::int32_t readCount(int unit, const ReadMessages& messages) {
 
 // Reads the table of the parts' first points, counted from 0, and puts the number of points behind
 // it. The table has to start at 0 and must neither descend nor leave the points.
-void readParts(int unit, std::int32_t nParts, std::int32_t nPoints, GisObject& object,
-               const ReadMessages& messages) {
+void readParts(shpL_& shp, std::int32_t nPoints, const ReadMessages& messages) {
     char bytes[sizeof(std::int32_t) * kMaxParts];
-    const auto n = static_cast<std::size_t>(nParts);
-    settle(readBytes(unit, bytes, n * sizeof(std::int32_t)), messages);
+    const auto n = static_cast<std::size_t>(shp.nParts);
+    requireBytes(readBytes(shp.shpUnit, bytes, n * sizeof(std::int32_t)), messages);
+    std::vector<std::int32_t>& starts = shp.partStarts;
+    starts.resize(n + 1);
     for (std::size_t i = 0; i < n; ++i)
-        object.ir[i] = fromLittleEndian<std::int32_t>(bytes + i * sizeof(std::int32_t));
-    object.ir[n] = nPoints;
-    const auto* const begin = object.ir.data();
-    const bool sound = n == 0 || (begin[0] == 0 && std::is_sorted(begin, begin + n + 1));
+        starts[i] = fromLittleEndian<std::int32_t>(bytes + i * sizeof(std::int32_t));
+    starts[n] = nPoints;
+    const bool sound = n == 0 || (starts[0] == 0 && std::ranges::is_sorted(starts));
     if (!sound) gisStop(messages.failed);
 }
 
@@ -64,47 +64,49 @@ void passOverRest(shpL_& shp) {
         shp.unread += readCount(shp.shpUnit, kReadingType) * kPointBytes;
         shp.countAhead = false;
     }
-    settle(skipBytes(shp.shpUnit, shp.unread), kReadingType);
+    requireBytes(skipBytes(shp.shpUnit, shp.unread), kReadingType);
     shp.unread = 0;
 }
 
 std::int32_t readRecordHead(int unit) {
     char head[12];  // record number, content length, shape type
-    settle(readBytes(unit, head, sizeof head), kReadingType);
+    requireBytes(readBytes(unit, head, sizeof head), kReadingType);
     return fromLittleEndian<std::int32_t>(head + 8);
 }
 
 void readPolylineHead(shpL_& shp, GisObject& object) {
-    settle(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
-    object.nSections = readCount(shp.shpUnit, kReadingType);
-    object.pline = object.nSections == 1;
-    object.plineMultiple = object.nSections > 1;
-    if (object.nSections >= kMaxParts) {
+    requireBytes(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
+    shp.nParts = object.nParts = readCount(shp.shpUnit, kReadingType);
+    if (shp.nParts >= kMaxParts) {
         gisStop("ERROR 0421 - Exceeded maximum number of parts in a .shp polyline.  Limit is ",
                 kMaxParts);
     }
+    if (shp.nParts > 0)
+        object.kind = shp.nParts == 1 ? ObjectKind::polyline : ObjectKind::multiPolyline;
     const std::int32_t nPoints = readCount(shp.shpUnit, kReadingType);
-    readParts(shp.shpUnit, object.nSections, nPoints, object, kReadingType);
+    readParts(shp, nPoints, kReadingType);
     shp.unread = nPoints * kPointBytes;
 }
 
+// A negative count of rings is one of none.
 void readPolygonHead(shpL_& shp, GisObject& object) {
-    object.region = true;
-    settle(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
-    object.nr = readInteger(shp.shpUnit, kReadingType);
-    if (object.nr >= kMaxParts) {
+    object.kind = ObjectKind::region;
+    requireBytes(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
+    object.nParts = readInteger(shp.shpUnit, kReadingType);
+    if (object.nParts >= kMaxParts) {
         gisStop("ERROR 0422 - Exceeded maximum number of regions within a .shp region.  Limit is ",
                 kMaxParts);
     }
-    shp.unread = std::max(object.nr, 0) * std::int64_t{sizeof(std::int32_t)};
+    shp.nParts = std::max(object.nParts, 0);
+    shp.unread = shp.nParts * std::int64_t{sizeof(std::int32_t)};
     shp.countAhead = true;
 }
 
 void readMultiPointHead(shpL_& shp, GisObject& object) {
-    object.multiPoint = true;
-    settle(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
-    object.nSections = readCount(shp.shpUnit, kReadingType);
-    shp.unread = object.nSections * kPointBytes;
+    object.kind = ObjectKind::multiPoint;
+    requireBytes(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
+    object.nParts = readCount(shp.shpUnit, kReadingType);
+    shp.unread = object.nParts * kPointBytes;
 }
 
 [[noreturn]] void stopShapeless() {
@@ -115,8 +117,8 @@ void readMultiPointHead(shpL_& shp, GisObject& object) {
 void readNodes(shpL_& shp, ObjectNodes& nodes, std::size_t first, std::size_t count) {
     const std::int64_t bytes = static_cast<std::int64_t>(count) * kPointBytes;
     if (bytes > shp.unread) stopShapeless();
-    settle(shpReadPoints(shp.shpUnit, nodes.x.data() + first, nodes.y.data() + first, count),
-           kReadingCoordinates);
+    requireBytes(shpReadPoints(shp.shpUnit, nodes.x.data() + first, nodes.y.data() + first, count),
+                 kReadingCoordinates);
     shp.unread -= bytes;
 }
 
@@ -129,34 +131,33 @@ void readOnePoint(shpL_& shp, ObjectNodes& nodes) {
     readNodes(shp, nodes, 0, 1);
 }
 
-void readNextPart(shpL_& shp, GisObject& object, ObjectNodes& nodes) {
-    if (object.nr >= object.nSections) stopShapeless();
-    const auto part = static_cast<std::size_t>(object.nr++);
-    nodes.n = object.ir[part + 1] - object.ir[part];
+void readNextPart(shpL_& shp, ObjectNodes& nodes) {
+    if (shp.nextPart >= shp.nParts) stopShapeless();
+    const auto part = static_cast<std::size_t>(shp.nextPart++);
+    nodes.n = shp.partStarts[part + 1] - shp.partStarts[part];
     checkNodes(nodes.n, nodes);
-    readNodes(shp, nodes, 0, static_cast<std::size_t>(nodes.n));
+    readNodes(shp, nodes, 0, nodes.size());
 }
 
 void readRing(shpL_& shp, ObjectNodes& nodes, std::int32_t vertices) {
-    const auto first = static_cast<std::size_t>(nodes.n);
+    const std::size_t first = nodes.size();
     const auto count = static_cast<std::size_t>(vertices);
     readNodes(shp, nodes, first, count);
     repeatSecondVertex(nodes, first, count);
     nodes.n += vertices + 1;
+    nodes.ringEnds.push_back(nodes.n - 1);
 }
 
-void readPolygon(shpL_& shp, GisObject& object, ObjectNodes& nodes) {
+void readPolygon(shpL_& shp, ObjectNodes& nodes) {
     const std::int32_t nPoints = readCount(shp.shpUnit, kReadingCoordinates);
     shp.countAhead = false;
     shp.unread = nPoints * kPointBytes;
-    const std::int32_t nParts = std::max(object.nr, 0);
-    readParts(shp.shpUnit, nParts, nPoints, object, kReadingCoordinates);
-    checkNodes(std::int64_t{nPoints} + object.nr, nodes);
+    readParts(shp, nPoints, kReadingCoordinates);
+    checkNodes(std::int64_t{nPoints} + shp.nParts, nodes);
     nodes.n = 0;
-    for (std::size_t p = 0; p < static_cast<std::size_t>(nParts); ++p) {
-        readRing(shp, nodes, object.ir[p + 1] - object.ir[p]);
-        object.ir[p] = nodes.n - 1;
-    }
+    nodes.ringEnds.clear();
+    for (std::size_t ring = 0; ring < static_cast<std::size_t>(shp.nParts); ++ring)
+        readRing(shp, nodes, shp.partStarts[ring + 1] - shp.partStarts[ring]);
 }
 
 }  // namespace
@@ -164,32 +165,32 @@ void readPolygon(shpL_& shp, GisObject& object, ObjectNodes& nodes) {
 bool shpObjectType(shpL_& shp, GisObject& object) {
     passOverRest(shp);
     if (atEnd(shp.shpUnit)) return false;  // no byte where a record would begin
-    object.nr = 0;
+    shp.nParts = shp.nextPart = 0;
     shp.recordType = readRecordHead(shp.shpUnit);
-    object.objName = shapeName(shp.recordType);
+    object.name = shapeName(shp.recordType);
     switch (shp.recordType) {
-        case kNullShape: object.none = true; break;
+        case kNullShape: object.kind = ObjectKind::none; break;
         case kPoint:
-            object.point = true;
+            object.kind = ObjectKind::point;
             shp.unread = kPointBytes;
             break;
         case kPolyLine: readPolylineHead(shp, object); break;
         case kPolygon: readPolygonHead(shp, object); break;
         case kMultiPoint: readMultiPointHead(shp, object); break;
         default:
-            gisStop("ERROR 0423 - Unsupported .shp object type ", shapeName(shp.recordType), " [",
-                    shp.recordType, "]");
+            gisStop("ERROR 0423 - Unsupported .shp object type ", object.name, " [", shp.recordType,
+                    "]");
     }
     return true;
 }
 
-void shpReadObject(shpL_& shp, GisObject& object, ObjectNodes& nodes) {
+void shpReadObject(shpL_& shp, ObjectNodes& nodes) {
     switch (shp.recordType) {
         case kNullShape: break;
         case kPoint:
         case kMultiPoint: readOnePoint(shp, nodes); break;
-        case kPolyLine: readNextPart(shp, object, nodes); break;
-        case kPolygon: readPolygon(shp, object, nodes); break;
+        case kPolyLine: readNextPart(shp, nodes); break;
+        case kPolygon: readPolygon(shp, nodes); break;
         default: stopShapeless();
     }
 }

@@ -20,13 +20,15 @@ struct Box {
     double yMax = std::numeric_limits<double>::lowest();
 };
 
-Box boxOfNodes(std::size_t n) {
+Box boxOf(const OutputNodes& nodes) {
+    const auto x = nodes.x();
+    const auto y = nodes.y();
     Box box;
-    for (std::size_t i = 0; i < n; ++i) {
-        box.xMin = std::min(box.xMin, gisX[i]);
-        box.yMin = std::min(box.yMin, gisY[i]);
-        box.xMax = std::max(box.xMax, gisX[i]);
-        box.yMax = std::max(box.yMax, gisY[i]);
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        box.xMin = std::min(box.xMin, x[i]);
+        box.yMin = std::min(box.yMin, y[i]);
+        box.xMax = std::max(box.xMax, x[i]);
+        box.yMax = std::max(box.yMax, y[i]);
     }
     return box;
 }
@@ -82,66 +84,64 @@ void putBox(int unit, const Box& box) {
     commit(unit, placeLittle(out, box.yMax));
 }
 
-// The nodes at which the parts begin; the file counts them from 0.
-void putParts(int unit, const GisObject& object) {
-    const auto nr = static_cast<std::size_t>(object.nr);
-    char* out = reserve(unit, nr * sizeof object.ir[0]);
-    for (std::size_t i = 0; i < nr; ++i) out = placeLittle(out, object.ir[i] - 1);
+// The file counts the nodes at which the parts begin from 0.
+void putPartStarts(int unit, std::span<const std::int32_t> starts) {
+    char* out = reserve(unit, starts.size_bytes());
+    for (const std::int32_t start : starts) out = placeLittle(out, std::max(start, 1) - 1);
     commit(unit, out);
 }
 
-void putNodes(int unit, std::size_t n) {
-    shpWritePoints(unit, gisX.data(), gisY.data(), n);
+void putNodes(int unit, const OutputNodes& nodes) {
+    shpWritePoints(unit, nodes.x().data(), nodes.y().data(), nodes.size());
 }
 
-void writePointSet(shpL_& shp) {
-    startRecord(shp, kMultiPoint, std::int64_t{8} * gisN + 20);
-    const auto n = static_cast<std::size_t>(std::max(gisN, 0));
-    const Box box = boxOfNodes(n);
+void writePointSet(shpL_& shp, const OutputNodes& nodes) {
+    const auto n = static_cast<std::int32_t>(nodes.size());
+    startRecord(shp, kMultiPoint, std::int64_t{8} * n + 20);
+    const Box box = boxOf(nodes);
     putBox(shp.shpUnit, box);
-    putValue(shp.shpUnit, gisN);
-    putNodes(shp.shpUnit, n);
+    putValue(shp.shpUnit, n);
+    putNodes(shp.shpUnit, nodes);
     widen(shp, box);
 }
 
-void writeParts(shpL_& shp, ShapeType type, const GisObject& object) {
-    startRecord(shp, type, std::int64_t{8} * gisN + std::int64_t{2} * object.nr + 22);
-    const auto n = static_cast<std::size_t>(std::max(gisN, 0));
-    const Box box = boxOfNodes(n);
+void writeParts(shpL_& shp, ShapeType type, const GisObject& object, const OutputNodes& nodes) {
+    constexpr std::int32_t kOnePart[] = {1};
+    const auto starts = object.partStarts.empty() ? std::span(kOnePart) : object.partStarts;
+    const auto n = static_cast<std::int32_t>(nodes.size());
+    const auto nParts = static_cast<std::int32_t>(starts.size());
+    startRecord(shp, type, std::int64_t{8} * n + std::int64_t{2} * nParts + 22);
+    const Box box = boxOf(nodes);
     putBox(shp.shpUnit, box);
-    putValue(shp.shpUnit, object.nr);
-    putValue(shp.shpUnit, gisN);
-    putParts(shp.shpUnit, object);
-    putNodes(shp.shpUnit, n);
+    putValue(shp.shpUnit, nParts);
+    putValue(shp.shpUnit, n);
+    putPartStarts(shp.shpUnit, starts);
+    putNodes(shp.shpUnit, nodes);
     widen(shp, box);
 }
 
 }  // namespace
 
-void shpWriteObject(const GisObject& object, shpL_& shp) {
-    if (object.point) {
-        shpWritePointAtNode(1, shp);
-        return;
-    }
-    if (object.multiPoint) {
-        writePointSet(shp);
-    } else if (object.line || object.pline || object.plineMultiple) {
-        writeParts(shp, kPolyLine, object);
-    } else if (object.region) {
-        writeParts(shp, kPolygon, object);
-    } else if (object.none) {
-        startRecord(shp, kNullShape, 2);
-    } else {
-        gisStop(
-            "ERROR 0350 - Trying to write a SHP object that is not yet supported.  Please contact ",
-            SUPPORT_ADDRESS, ".");
+void shpWriteObject(const GisObject& object, const OutputNodes& nodes, shpL_& shp) {
+    switch (object.kind) {
+        case ObjectKind::point:
+        case ObjectKind::text: return shpWritePoint(nodes.x()[0], nodes.y()[0], shp);
+        case ObjectKind::multiPoint: writePointSet(shp, nodes); break;
+        case ObjectKind::line:
+        case ObjectKind::polyline:
+        case ObjectKind::multiPolyline: writeParts(shp, kPolyLine, object, nodes); break;
+        case ObjectKind::region: writeParts(shp, kPolygon, object, nodes); break;
+        case ObjectKind::none: startRecord(shp, kNullShape, 2); break;
+        default:
+            gisStop(
+                "ERROR 0350 - Trying to write a SHP object that is not yet supported.  Please "
+                "contact ",
+                SUPPORT_ADDRESS, ".");
     }
     if (writeFailed(shp.shpUnit)) stopWriting();
 }
 
-void shpWritePointAtNode(std::int32_t node, shpL_& shp) {
-    const double x = gisX[static_cast<std::size_t>(node) - 1];
-    const double y = gisY[static_cast<std::size_t>(node) - 1];
+void shpWritePoint(double x, double y, shpL_& shp) {
     OpenFile& file = makeRoom(shp.shpUnit, kHeadBytes + kPointBytes);
     char* out = startRecord(shp, kPoint, 10, file.buffer + file.end);
     out = placeLittle(out, x);

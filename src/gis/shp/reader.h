@@ -2,7 +2,8 @@
 
 #include <cstdint>
 
-#include "gis/records.h"
+#include "gis/layer_table.h"
+#include "gis/object.h"
 
 namespace vantelgis {
 
@@ -28,7 +29,7 @@ struct ShpHeader {
 /// Nothing happens for a unit that is not above 0.
 ShpHeader shpReadHeader(int unit);
 
-/// Reads the header of a layer just opened through both of its units into `shp`, tells of it on the
+/// Reads the header of a layer just opened through both of its units into `shp`, shows it on the
 /// console and closes the big-endian unit.
 void shpReadLayerHeader(shpL_& shp);
 
@@ -36,12 +37,13 @@ void shpReadLayerHeader(shpL_& shp);
 void shpRewind(shpL_& shp);
 
 /// Passes over what is left of the record before, reads the next record's head and fixed part, and
-/// sets the object's flag, counts and name. A polyline of no parts sets no flag. False at the end
-/// of the file.
+/// sets the kind, count and name of `object`. A polyline of no parts keeps the kind unknown. False
+/// at the end of the file.
 bool shpObjectType(shpL_& shp, GisObject& object);
 
-/// Reads the coordinates of the object: of a polyline its next part, of a multipoint its next
-/// point, of a polygon all rings, with a copy of its second vertex behind each.
-void shpReadObject(shpL_& shp, GisObject& object, ObjectNodes& nodes);
+/// Reads the coordinates of that object: of a polyline its next part, of a multipoint its next
+/// point, of a polygon all rings, with a copy of its second vertex behind each. Reads that fail,
+/// and counts that make no sense, stop the run with ERROR 0424 to 0430.
+void shpReadObject(shpL_& shp, ObjectNodes& nodes);
 
 }  // namespace vantelgis

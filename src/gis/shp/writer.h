@@ -1,8 +1,12 @@
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
+#include <string_view>
 
-#include "gis/records.h"
+#include "gis/fields.h"
+#include "gis/layer_table.h"
+#include "gis/object.h"
+#include "text/text.h"
 
 namespace vantelgis {
 
@@ -10,25 +14,30 @@ namespace vantelgis {
 // The .shp and the .shx are open on two units each, one for each byte order, but every byte is
 // written once: the .shp goes out through shpUnit, the .shx through shxUnitBE.
 
+/// The line of the .prj files of layers that are made.
+extern Text<1000> gisShpProjCS;
+
 /// Empties the file behind `unit` and writes the 100 bytes of a main header through it. `twin`, the
 /// file's other unit, only has to be open. A refused write is ERROR 0437.
 void shpWriteHeader(shpL_& shp, int unit, int twin);
 
 /// Writes the .prj line and the headers of every set of the layer, its .dbf included, and makes the
 /// sets ready for their first object.
-void shpWriteLayerHeaders(GisLayer& layer);
+void shpWriteLayerHeaders(GisLayer& layer, FieldDefinitions fields);
 
-/// Writes one object from gisN, gisX and gisY. A kind that can't be written is ERROR 0350; a
-/// refused write, or a file that would outgrow its 32-bit lengths, ERROR 0439.
-void shpWriteObject(const GisObject& object, shpL_& shp);
+/// Writes one object. A kind that can't be written is ERROR 0350; a refused write, or a file that
+/// would outgrow its 32-bit lengths, ERROR 0439.
+void shpWriteObject(const GisObject& object, const OutputNodes& nodes, shpL_& shp);
+void shpWritePoint(double x, double y, shpL_& shp);
 
-/// Writes a point at node `node` (from 1) of gisX and gisY.
-void shpWritePointAtNode(std::int32_t node, shpL_& shp);
+/// Writes the object and its row to the set of its family; an object without geometry to all. A
+/// text object becomes a point.
+void shpWriteLayerObject(GisLayer& layer, const GisObject& object, const OutputNodes& nodes,
+                         std::string_view row);
 
-/// Writes the object, or the record of the object written last, to the set of its family; an object
-/// without geometry to all. A text object becomes a point.
-void shpWriteLayerObject(GisLayer& layer, GisObject& object);
-void shpWriteLayerRecord(GisLayer& layer, const GisObject& object);
+/// Writes a point at node `i` (from 0) and its row to the set of points.
+void shpWriteLayerPoint(GisLayer& layer, const OutputNodes& nodes, std::size_t i,
+                        std::string_view row);
 
 /// Puts what only the end can know into the headers of all sets, family by family, and closes the
 /// files that got an object. ERROR 0413 when a header can't be rewritten.

@@ -5,9 +5,9 @@
 #include <span>
 #include <vector>
 
-#include "driver/breakline_point.h"
-#include "driver/interpolation.h"
-#include "driver/point_trees.h"
+#include "convert/breakline_point.h"
+#include "convert/interpolation.h"
+#include "convert/point_trees.h"
 
 namespace vantelgis {
 

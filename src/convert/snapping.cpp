@@ -1,11 +1,11 @@
-#include "driver/snapping.h"
+#include "convert/snapping.h"
 
 #include <algorithm>
 #include <bit>
 #include <cmath>
 #include <limits>
 
-#include "driver/tables.h"
+#include "convert/tables.h"
 
 namespace vantelgis {
 

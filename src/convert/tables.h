@@ -7,7 +7,7 @@ namespace vantelgis {
 
 // Tables of points grow with what is read, so that a small layer needs little memory.
 
-/// An empty line, "ERROR - Could not allocate enough memory (RAM).", EXITS.
+/// An empty line, "ERROR - Could not allocate enough memory (RAM).", and the stop.
 [[noreturn]] void stopWithoutMemory();
 
 /// Runs `grow`, which makes room in a table; where there is none left the run stops with

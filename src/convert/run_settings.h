@@ -1,5 +1,6 @@
 #pragma once
 
+#include "text/paths.h"
 #include "text/text.h"
 
 namespace vantelgis {
@@ -19,6 +20,9 @@ struct RunSettings {
     bool noFinalPause = false;
     bool haveOutput = false;
     bool haveModel = false;
+
+    /// File 2 has a name: its path without folder and extension is not blank.
+    [[nodiscard]] bool hasFile2() const { return !baseNameOf(inputFile2).empty(); }
 };
 
 }  // namespace vantelgis

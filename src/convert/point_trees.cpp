@@ -1,4 +1,4 @@
-#include "driver/point_trees.h"
+#include "convert/point_trees.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-#include "driver/breakline_point.h"
+#include "convert/breakline_point.h"
 
 namespace vantelgis {
 

@@ -1,0 +1,97 @@
+#include "archive/writer.h"
+
+#include "run/opener.h"
+
+namespace vantelgis {
+
+namespace {
+
+constexpr std::string_view kBlockEnd = "  }\r\n";
+
+void addSize(OutputLine& line, const D12Symbol& symbol) {
+    line.fixed(static_cast<double>(symbol.size), 10, 4);
+}
+
+}  // namespace
+
+int d12CreateArchive(std::string_view path, std::string_view modelName) {
+    int unit = 0;
+    openUnit(unit, "O ", path);
+    put(unit, "null -999\r\nmodel \"");
+    put(unit, modelName);
+    put(unit, "\"\r\n\r\n");
+    return unit;
+}
+
+void d12BeginString(int unit, std::string_view type, std::string_view name) {
+    OutputLine line{unit, 512};
+    line.text("string ");
+    line.text(type);
+    line.text(" {\r\n  name      \"");
+    line.text(name);
+    line.text(
+        "\"\r\n"
+        "  chainage  0\r\n"
+        "  breakline line\r\n"
+        "  colour    red\r\n"
+        "  style     1\r\n"
+        "\r\n"
+        "  data {");
+    line.end();
+}
+
+void d12AddVertex(OutputLine& line, double x, double y) {
+    line.text("    ");
+    line.fixed(x, 16, 5);
+    line.fixed(y, 16, 5);
+}
+
+void d12AddElevation(OutputLine& line, float z) {
+    line.fixed(static_cast<double>(z), 12, 4);
+}
+
+void d12EndString(int unit) {
+    put(unit, "  }\r\n}\r\n\r\n");
+}
+
+void d12BeginLocations(int unit) {
+    put(unit, "  // xy location of symbol\r\n  data_3d {\r\n");
+}
+
+void d12AddLocation(OutputLine& line, const D12Symbol& symbol) {
+    line.text("    ");
+    line.fixed(symbol.x, 20, 4);
+    line.text(" ");
+    line.fixed(symbol.y, 20, 4);
+    line.text(" ");
+    addSize(line, symbol);
+    line.end();
+}
+
+void d12BeginSymbols(int unit) {
+    put(unit, "  symbol_data{\r\n");
+}
+
+// The style has one quote too many at the front, as its readers are used to.
+void d12AddSymbol(OutputLine& line, const D12Symbol& symbol) {
+    line.text(
+        "    properties {\r\n"
+        "      style     \"\"ARROW 30 BEARING\"\r\n"
+        "      colour    red\r\n"
+        "      size    ");
+    addSize(line, symbol);
+    line.text("\r\n      rotation ");
+    line.fixed(static_cast<double>(symbol.angle), 6, 2);
+    line.text(
+        "\r\n"
+        "      offset    0\r\n"
+        "      raise     0\r\n"
+        "    }");
+    line.end();
+}
+
+void d12EndBlock(int unit) {
+    put(unit, kBlockEnd);
+}
+
+}  // namespace vantelgis

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string_view>
+
+#include "run/unit_writing.h"
+
+namespace vantelgis {
+
+// The writer of archives. Units are open for output; a write that the system refuses stops the run.
+
+/// Creates the archive `path` and writes its head: the null value, the model line and an empty
+/// line. Gives its unit.
+int d12CreateArchive(std::string_view path, std::string_view modelName);
+
+/// Writes a string's lines up to the start of its data: `type` is 2d or 3d.
+void d12BeginString(int unit, std::string_view type, std::string_view name);
+
+/// Room for the line of a vertex or of a symbol's location, and for the lines of a symbol.
+inline constexpr std::size_t kVertexLineRoom = 160;
+inline constexpr std::size_t kSymbolRoom = 320;
+
+/// Begins the line of a vertex with its x and y; a third number may follow.
+void d12AddVertex(OutputLine& line, double x, double y);
+/// The elevation behind them.
+void d12AddElevation(OutputLine& line, float z);
+
+/// Writes the end of a string's data and of the string.
+void d12EndString(int unit);
+
+/// A result at a place: an arrow of this size that points, in degrees, in that direction.
+struct D12Symbol {
+    double x = 0;
+    double y = 0;
+    float size = 0;
+    float angle = 0;
+};
+
+/// The blocks of a result: first all locations, then, for vectors, all symbols in the same order.
+void d12BeginLocations(int unit);
+void d12AddLocation(OutputLine& line, const D12Symbol& symbol);
+void d12BeginSymbols(int unit);
+void d12AddSymbol(OutputLine& line, const D12Symbol& symbol);
+void d12EndBlock(int unit);
+
+}  // namespace vantelgis

@@ -1,0 +1,135 @@
+#include <cstddef>
+#include <vector>
+
+#include "archive/writer.h"
+#include "convert/conversions.h"
+#include "convert/line_objects.h"
+#include "convert/tables.h"
+#include "gis/layer_table.h"
+#include "gis/layers.h"
+#include "gis/operations.h"
+#include "run/console.h"
+#include "run/opener.h"
+#include "run/stop.h"
+#include "text/characters.h"
+#include "text/free_format.h"
+#include "text/joined.h"
+#include "text/limits.h"
+#include "text/strings.h"
+
+namespace vantelgis {
+
+namespace {
+
+struct Results {
+    int archive = 0;
+    int layer = 0;
+    bool vectorData = false;
+    std::vector<D12Symbol> symbols;
+};
+
+// A type such as Char(254) or Decimal(10,3) has a number behind its first parenthesis.
+bool hasWidth(std::string_view type) {
+    const std::size_t parenthesis = type.find('(');
+    if (parenthesis == std::string_view::npos) return false;
+    std::string_view number = withoutLeadingBlanks(type.substr(parenthesis + 1));
+    if (!number.empty() && (number[0] == '+' || number[0] == '-')) number.remove_prefix(1);
+    return !number.empty() && isDigit(number[0]);
+}
+
+// What the checks look at of the layer's fields, whatever its format. Only those of a .mif have
+// types.
+struct Fields {
+    std::int32_t count;
+    std::string_view second;  // its name
+    std::span<const Text<24>> mifTypes;
+};
+
+Fields fieldsOf(const GisLayer& layer) {
+    const mifL_& mif = layer.mif;
+    const dbfL_& dbf = layer.dbf[0];
+    if (layer.kind == GisKind::shp) return {dbf.nFields, dbf.fieldName[1], {}};
+    return {mif.nAttr, mif.attrName[1], {mif.attrType, static_cast<std::size_t>(mif.nAttr)}};
+}
+
+void checkFields(const Fields& fields) {
+    if (fields.count < 1) stopWith("", "ERROR - Unable to detect any existing attributes.", "");
+    for (const std::string_view type : fields.mifTypes)
+        if (!containsIgnoringCase(type, "Float") && !hasWidth(type)) stopEndOfFile();
+}
+
+// The name of the second field says whether it turns the symbols.
+bool hasAngles(const Fields& fields) {
+    constexpr std::size_t kNameColumns = 24;
+    if (fields.count < 2) return false;
+    if (!containsIgnoringCase(fields.second.substr(0, kNameColumns), "Angle")) return false;
+    consoleLine("\nSecond field contains angle information, assuming vector data.\n");
+    return true;
+}
+
+void readValues(std::string_view record, bool withAngle, D12Symbol& symbol) {
+    FreeFormat list{record};
+    requireValue(takeReal(list, symbol.size));
+    if (withAngle) requireValue(takeReal(list, symbol.angle));
+}
+
+void readPoints(Results& run) {
+    ObjectNodes nodes{kMaxNodes2d};
+    GisObject object;
+    Line record;
+    while (nextObject(run.layer, object, record)) {
+        if (object.kind != ObjectKind::point) continue;
+        if (run.symbols.size() == kMaxResultPoints) {
+            stopWith("", Joined<100>("ERROR - Exceeded maximum number of points, please contact ",
+                                     SUPPORT_ADDRESS));
+        }
+        gisReadObject(run.layer, object, nodes);
+        D12Symbol symbol{nodes.x[0], nodes.y[0], 0, 0};
+        readValues(record, run.vectorData, symbol);
+        addRow(run.symbols, symbol);
+    }
+}
+
+void writeLocations(const Results& run) {
+    d12BeginLocations(run.archive);
+    OutputLine line{run.archive, kVertexLineRoom};
+    for (const D12Symbol& symbol : run.symbols) d12AddLocation(line, symbol);
+    d12EndBlock(run.archive);
+}
+
+void writeSymbols(const Results& run) {
+    d12BeginSymbols(run.archive);
+    OutputLine line{run.archive, kSymbolRoom};
+    for (const D12Symbol& symbol : run.symbols) d12AddSymbol(line, symbol);
+    d12EndBlock(run.archive);
+}
+
+}  // namespace
+
+void convertResults(const RunSettings& settings) {
+    Results run;
+    consoleLine("\nConverting results in gis format to .12da format...");
+    run.archive = createArchive(settings, settings.inputFile1);
+    run.layer = openInputLayer(settings.inputFile1);
+    const Fields fields = fieldsOf(gisLayer(run.layer));
+    checkFields(fields);
+    run.vectorData = hasAngles(fields);
+
+    consoleLine("\nAllocating memory for storing attribute data.\n");
+    consoleLine("\nSearching for Points...\n");
+    readPoints(run);
+    gisCloseLayer(run.layer);
+    consoleLine("\nNumber of points read from gis file: ", run.symbols.size());
+
+    consoleLine("\nWriting coordinate data to .12da file...");
+    writeLocations(run);
+    consoleLine("   Done.");
+    if (run.vectorData) {
+        consoleLine("\nWriting symbol data for vector dataset to .12da file...");
+        writeSymbols(run);
+        consoleLine("   Done.");
+    }
+    closeUnit(run.archive);
+}
+
+}  // namespace vantelgis
