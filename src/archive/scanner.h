@@ -52,8 +52,8 @@ bool d12BeginsData(std::string_view line);
 /// and gives true with `object` filled in. A `name` or `z` line without a value stops the run.
 bool d12ObjectType(int unit, std::string_view& line, D12Object& object);
 
-/// Goes on to the next string, or the next block of a super string, as d12ObjectType gives it.
-/// False at the end of the file.
+/// Goes on to the next string, or the next block of a super string, as d12ObjectType gives it: also
+/// to one whose data the file doesn't reach. False when no further header was found.
 bool d12NextObject(int unit, std::string_view& line, D12Object& object);
 
 }  // namespace vantelgis

@@ -15,7 +15,7 @@ constexpr std::size_t at(std::int32_t i) {
 
 }  // namespace
 
-std::int32_t PointTrees::plant(std::span<const BreaklinePoint> points,
+std::int32_t PointTrees::build(std::span<const BreaklinePoint> points,
                                std::span<const std::int32_t> indices) {
     const auto first = static_cast<std::int32_t>(indices_.size());
     indices_.insert(indices_.end(), indices.begin(), indices.end());
@@ -70,7 +70,8 @@ std::int32_t PointTrees::lowest(std::int32_t tree, std::span<const BreaklinePoin
 // of it is.
 void PointTrees::visit(std::int32_t number, Search& search) const {
     const Node& node = nodes_[at(number)];
-    if (node.lowest >= search.best || beside(node.x, search.x) || beside(node.y, search.y)) return;
+    if (node.lowest >= search.best || isOutside(node.x, search.x) || isOutside(node.y, search.y))
+        return;
     if (liesOn(search.points[at(node.lowest)], search.x, search.y)) {
         search.best = node.lowest;
     } else if (node.right == 0) {
@@ -83,7 +84,7 @@ void PointTrees::visit(std::int32_t number, Search& search) const {
     }
 }
 
-bool PointTrees::beside(const Interval& side, double coordinate) {
+bool PointTrees::isOutside(const Interval& side, double coordinate) {
     return side.low - coordinate >= kSnapTolerance || side.high - coordinate <= -kSnapTolerance;
 }
 

@@ -17,7 +17,7 @@ namespace vantelgis {
 class PointTrees {
   public:
     /// Makes a tree of the points with these indices, at least one, and gives its number.
-    std::int32_t plant(std::span<const BreaklinePoint> points,
+    std::int32_t build(std::span<const BreaklinePoint> points,
                        std::span<const std::int32_t> indices);
 
     /// The lowest index of a point of the tree on which a vertex at `x`, `y` lies, if it is below
@@ -47,7 +47,7 @@ class PointTrees {
         std::int32_t best;
     };
 
-    static bool beside(const Interval& side, double coordinate);
+    static bool isOutside(const Interval& side, double coordinate);
     Node around(std::span<const BreaklinePoint> points, std::int32_t first, std::int32_t end) const;
     std::int32_t grow(std::span<const BreaklinePoint> points, std::int32_t first, std::int32_t end);
     void visit(std::int32_t number, Search& search) const;

@@ -18,8 +18,8 @@ constexpr double kCellsPerUnit = 100;
 constexpr std::size_t kBitsPerPoint = 16;
 constexpr int kBucketShift = 3;
 
-// What is strung behind so many points becomes a tree.
-constexpr int kLongString = 32;
+// What a bucket has behind so many points becomes a tree.
+constexpr int kLongBucket = 32;
 
 constexpr std::int32_t kFar = std::numeric_limits<std::int32_t>::max();
 
@@ -50,12 +50,12 @@ void BreaklinePoints::index() {
         mayHold_.assign(bits / 64, 0);
         buckets_.assign(bits >> kBucketShift, kNoPoint);
     });
-    for (std::size_t i = points_.size(); i > 0; --i) string(static_cast<std::int32_t>(i - 1));
+    for (std::size_t i = points_.size(); i > 0; --i) addToBucket(static_cast<std::int32_t>(i - 1));
 }
 
-// Each point goes in front of those strung before it, so they are strung from the last on. No
-// vertex lies on a point whose coordinates are not finite.
-void BreaklinePoints::string(std::int32_t i) {
+// A bucket is a list. Each point goes in front of those added before it, so the points are added
+// from the last one on. No vertex lies on a point whose coordinates are not finite.
+void BreaklinePoints::addToBucket(std::int32_t i) {
     BreaklinePoint& point = points_[static_cast<std::size_t>(i)];
     if (!std::isfinite(point.x) || !std::isfinite(point.y)) return;
     const std::uint64_t hash = cellHash(cellOf(point.x), cellOf(point.y));
@@ -137,18 +137,18 @@ std::int32_t BreaklinePoints::lowestIn(std::size_t bucket, double x, double y, s
     for (int steps = 1; i > kNoPoint && i < best; ++steps) {
         BreaklinePoint& point = points_[static_cast<std::size_t>(i)];
         if (liesOn(point, x, y)) return i;
-        if (steps == kLongString && point.next > kNoPoint) plantTree(point);
+        if (steps == kLongBucket && point.next > kNoPoint) buildTree(point);
         i = point.next;
     }
     return i < kNoPoint ? trees_.lowest(treeBehind(i), points_, x, y, best) : best;
 }
 
-// Makes a tree of all points strung behind this one.
-void BreaklinePoints::plantTree(BreaklinePoint& last) {
+// Makes a tree of all points that its bucket has behind this one.
+void BreaklinePoints::buildTree(BreaklinePoint& last) {
     std::vector<std::int32_t> indices;
     for (std::int32_t i = last.next; i != kNoPoint; i = points_[static_cast<std::size_t>(i)].next)
         addRow(indices, i);
-    growOrStop([&] { last.next = treeBehind(trees_.plant(points_, indices)); });
+    growOrStop([&] { last.next = treeBehind(trees_.build(points_, indices)); });
 }
 
 bool snapVertices(BreaklinePoints& points, std::span<const double> x, std::span<const double> y,

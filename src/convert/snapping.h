@@ -14,9 +14,9 @@ namespace vantelgis {
 /// The breakline points in read order, indexed from 0, and the search among them. Its answers are
 /// those of a scan in read order; it costs about the same for any number of points.
 ///
-/// Points are strung in buckets by the grid cell they lie in, lowest index first. A bit for each of
-/// many more cells than there are buckets tells of most vertices that no point is near without a
-/// look at the buckets. The far end of a string that turns out to be long becomes a tree.
+/// Points are listed in buckets by the grid cell they lie in, lowest index first. A bit for each of
+/// many more cells than there are buckets shows of most vertices that no point is near without a
+/// look at the buckets. The far end of a list that turns out to be long becomes a tree.
 class BreaklinePoints {
   public:
     /// Adds a point that no vertex has taken yet. Without memory the run stops.
@@ -43,9 +43,9 @@ class BreaklinePoints {
     void lookUpCells(Lookups& lookups, std::int32_t vertex, double x, double y) const;
     void dropEmptyCells(Lookups& lookups) const;
     [[nodiscard]] bool mayHold(std::uint64_t hash) const;
-    void string(std::int32_t i);
+    void addToBucket(std::int32_t i);
     std::int32_t lowestIn(std::size_t bucket, double x, double y, std::int32_t best);
-    void plantTree(BreaklinePoint& last);
+    void buildTree(BreaklinePoint& last);
 
     std::vector<BreaklinePoint> points_;
     std::vector<bool> used_;

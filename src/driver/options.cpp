@@ -65,7 +65,8 @@ constexpr Option kOptions[] = {
     {"out", 3, &RunSettings::haveOutput, Expects::outputFile},
 };
 
-// The minus sign, the slash, and the en dash of the Windows code page.
+// The minus sign, the slash (so a path that begins with one is an option, and an unknown one is
+// ignored), and the en dash of the Windows code page.
 bool isOptionLeader(char c) {
     return c == '-' || c == '/' || c == '\x96';
 }

@@ -28,6 +28,8 @@ void refuseBlankName(const RunSettings& run) {
     if (run.outputFile.blank()) openUnit(unit, "O ", run.outputFile);
 }
 
+// A name with a format's extension is taken as it is; the projection was searched for before it was
+// looked at, and may be that of the other format.
 void checkGivenLayerName(RunSettings& run) {
     consoleLine("\nUsing specified output filename: ", run.outputFile);
     for (const std::string_view extension : {".mif", ".shp"}) {
@@ -43,6 +45,7 @@ void checkGivenLayerName(RunSettings& run) {
 
 }  // namespace
 
+// A File 2 names the result even where it was given for its projection alone.
 void nameArchive(RunSettings& run) {
     if (!run.haveOutput) {
         run.outputFile = withoutExtension(run.hasFile2() ? run.inputFile2 : run.inputFile1);

@@ -29,6 +29,7 @@ Path withExtensionPrj(std::string_view file) {
 }
 
 // Reads on to the first line that holds `word`; false at the end of the file.
+// The word counts wherever it stands; a text of several lines gives its first one alone.
 bool findLine(int unit, std::string_view word, TextRef found) {
     std::string_view line;
     ReadResult result;
@@ -101,6 +102,7 @@ void takeFirstShpProjection(const RunSettings& run) {
     }
 }
 
+// Shapefiles have no coordinate system to fall back on: without a projection the run stops.
 void searchShpProjection(const RunSettings& run) {
     const bool shpInput = hasExtension(run.inputFile1, ".shp");
     if (run.hasFile2())

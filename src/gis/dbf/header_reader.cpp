@@ -13,7 +13,8 @@ namespace {
 
 constexpr char kTerminator = 13;
 
-// Where things stand in a field descriptor.
+// Where things stand in a field descriptor. The decimals behind the length aren't needed: a number
+// passes through as the text that it is.
 constexpr std::size_t kNameBytes = 11;
 constexpr std::size_t kTypeOffset = 11;
 constexpr std::size_t kLengthOffset = 16;
@@ -26,6 +27,8 @@ void readHeaderBytes(int unit, char* out, std::size_t size) {
     if (result == ReadResult::failed) gisStop("ERROR 0403 - Reading .dbf file header.");
 }
 
+// The date and the sizes of header and record are passed over: the terminator and the field widths
+// say the same and are never wrong.
 std::int32_t readRecordCount(int unit) {
     constexpr std::size_t kCountOffset = 4;
     char header[32];

@@ -69,6 +69,7 @@ void putZeros(int unit, std::size_t count) {
     commit(unit, std::fill_n(out, count, '\0'));
 }
 
+// Version, date, count of records, length of the header and of a record with its mark.
 void putTableHeader(const dbfL_& dbf, std::int64_t recordLength) {
     constexpr std::int8_t kDBase3 = 3;
     const int unit = dbf.dbfUnit;
@@ -83,6 +84,7 @@ void putTableHeader(const dbfL_& dbf, std::int64_t recordLength) {
     putZeros(unit, 20);
 }
 
+// Name, type, four bytes that had a use in memory only, width, decimals, reserved bytes.
 void putDescriptor(const dbfL_& dbf, std::size_t i) {
     const int unit = dbf.dbfUnit;
     put(unit, dbf.fieldName[i]);

@@ -14,8 +14,8 @@ namespace {
 
 constexpr char kDeleted = '*';
 constexpr char kActive = ' ';
-constexpr char kActiveToo = '\0';
-constexpr char kEndMark = 26;
+constexpr char kActiveToo = '\0';  // some writers leave the byte alone
+constexpr char kEndMark = 26;      // Ctrl+Z, as text files of the time ended
 constexpr std::size_t kLongestRecord = std::size_t{kMaxDbfFields} * 255;
 
 void requireBytes(ReadResult result) {

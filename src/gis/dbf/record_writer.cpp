@@ -27,7 +27,8 @@ RecordItems lastItems;
         row);
 }
 
-// Puts an item into its field, which is blank as yet.
+// Puts an item into its field, which is blank as yet: text to the left, numbers to the right. What
+// is too long is cut, numbers too.
 void placeField(char* field, std::string_view item, std::size_t width, char type) {
     const std::string_view value = withoutTrailingBlanks(item.substr(0, width));
     const bool left = type == 'C' || type == 'c';

@@ -9,6 +9,8 @@ namespace vantelgis {
 
 namespace {
 
+// The owner's messages for refused writes name the layer, so they come from here and not from the
+// unit.
 void openFileOfPair(int& unit, std::string_view stem, std::string_view extension,
                     std::string_view mode) {
     Path name{stem};

@@ -11,9 +11,11 @@ namespace vantelgis {
 
 namespace {
 
-// The number of columns stands behind the word Columns and one more character.
+// The number of columns stands behind the word Columns, with or without a blank between.
 constexpr std::size_t kCountColumn = 8;
 
+// Version, Charset, Delimiter, CoordSys and Transform stand before it and are passed over: values
+// in the .mid are taken as separated by commas whatever the header says.
 std::int32_t readFieldCount(int mifUnit) {
     std::string_view line = "XXX";  // no word test holds on it
     while (!beginsWith(line, "Columns") && !atEnd(mifUnit)) {
@@ -28,6 +30,8 @@ std::int32_t readFieldCount(int mifUnit) {
     return count;
 }
 
+// A line such as "  Z Decimal(10,3)": what follows the first blank is the type. Fields beyond the
+// table still take their line, or the search for Data would begin among them.
 void readField(mifL_& layer, std::int32_t i) {
     std::string_view line;
     if (readLine(layer.mifUnit, line) != ReadResult::ok)
@@ -46,6 +50,7 @@ void reportFields(const mifL_& layer) {
     consoleLine();
 }
 
+// What stands between the fields and Data is no part of any object.
 void readToData(int mifUnit) {
     std::string_view line = "XXX";
     while (!beginsWith(line, "Data")) {

@@ -60,6 +60,8 @@ std::size_t firstTextColumn(std::string_view line) {
     return c;
 }
 
+// The count of a plain polyline is left to the read of its coordinates: an object that is passed
+// over needs none.
 void readCounts(std::string_view line, std::size_t c, GisObject& object) {
     const bool isRegion = object.kind == ObjectKind::region;
     if (!isRegion && object.kind != ObjectKind::multiPolyline &&
@@ -94,6 +96,7 @@ bool matchKeyword(std::string_view line, std::size_t& c, GisObject& object) {
     return true;
 }
 
+// Blanks at a line's end never count; tabs do.
 std::string_view readScannedLine(int mifUnit) {
     std::string_view line;
     const ReadResult result = readLine(mifUnit, line);
@@ -103,6 +106,7 @@ std::string_view readScannedLine(int mifUnit) {
     return withoutTrailingBlanks(line.substr(0, Line::capacity()));
 }
 
+// The line of a count, one for each part.
 void readNextLine(int mifUnit, TextRef line) {
     std::string_view text;
     const ReadResult result = readLine(mifUnit, text);
@@ -146,6 +150,8 @@ void readPart(int mifUnit, std::string_view countText, ObjectNodes& nodes) {
     for (std::size_t i = 0; i < static_cast<std::size_t>(nodes.n); ++i) readNode(mifUnit, nodes, i);
 }
 
+// Polygons close by themselves in a .mif: the first vertex isn't written again. With the second one
+// behind them they can be walked past the closing edge without a test.
 void readPolygon(int mifUnit, TextRef rest, ObjectNodes& nodes) {
     readNextLine(mifUnit, rest);
     const std::int32_t vertices = takeNodeCount(rest.view(), 0);

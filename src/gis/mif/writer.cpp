@@ -13,6 +13,8 @@ Text<1000> gisMifCoordSys;
 
 namespace {
 
+// The columns of a coordinate. A layer in metres has room for 8 digits before the point; what needs
+// more becomes asterisks.
 constexpr int kFieldWidth = 16;
 constexpr int kCoordinateDecimals = 6;
 constexpr int kTextBoxDecimals = 3;
@@ -109,6 +111,7 @@ void writeText(int unit, const OutputNodes& nodes, std::string_view row) {
     line.end();
 }
 
+// A reader separates the values by commas, as the header says; the row holds them so already.
 void writeRecord(mifL_& layer, std::string_view objectName, std::string_view row) {
     layer.objectName = objectName;
     putLine(layer.midUnit, row);
@@ -136,7 +139,7 @@ void gisMifWriteHeader(FieldDefinitions fields, int mifUnit) {
         }
         line.end();
     }
-    put(mifUnit, "Data\r\n\r\n");
+    put(mifUnit, "Data\r\n\r\n");  // the empty line is customary, no reader needs it
     checkWritten(mifUnit);
 }
 

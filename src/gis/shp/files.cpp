@@ -21,6 +21,7 @@ void openForOutput(int& unit, std::string_view mode, std::string_view name) {
     ownerReportsWriteFailures(unit);
 }
 
+// A .shp and a .shx hold numbers of both byte orders; each order has a unit of its own.
 void openOutputFiles(std::string_view stem, shpL_& shp, dbfL_& dbf) {
     openForOutput(shp.shpUnit, "SB", withExtension(stem, ".shp"));
     openForOutput(shp.shpUnitBE, "SE", withExtension(stem, ".shp"));
@@ -30,6 +31,7 @@ void openOutputFiles(std::string_view stem, shpL_& shp, dbfL_& dbf) {
     openForOutput(dbf.dbfUnit, "BO", withExtension(stem, ".dbf"));
 }
 
+// The shape type is what every object of the set has: a shapefile holds one type.
 struct Family {
     std::string_view letters;
     std::size_t index;

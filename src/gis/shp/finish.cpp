@@ -28,9 +28,11 @@ void finishHeader(int unit, std::int32_t fileWords, const shpL_& shp) {
         gisStop(kFailure);
 }
 
+// A set that got no object keeps the header with which it was made: its box, from far above to far
+// below, tells readers that there is nothing.
 void finishSet(shpL_& shp, dbfL_& dbf) {
-    constexpr std::int32_t kHeaderWords = 50;
-    constexpr std::int32_t kShxRecordWords = 4;
+    constexpr std::int32_t kHeaderWords = 50;    // 100 bytes
+    constexpr std::int32_t kShxRecordWords = 4;  // offset and length
     if (dbf.dbfUnit > 0) dbfFinish(dbf);
     if (shp.nObjects < 1) return;
     if (shp.shpUnit > 0) {

@@ -16,6 +16,7 @@ constexpr std::int32_t kHeaderWords = 50;
 
 constexpr std::string_view kFailure = "ERROR 0437 - Writing .shp file header.";
 
+// The .prj is finished before the first object, so that a run which fails later leaves it whole.
 void writeProjection(shpL_& shp) {
     if (shp.prjUnit <= 0) return;
     putLine(shp.prjUnit, gisShpProjCS);
@@ -36,7 +37,7 @@ void shpWriteHeader(shpL_& shp, int unit, int twin) {
     constexpr std::size_t kHeaderBytes = 100;
     if (unit <= 0 || twin <= 0) stopShouldNotBeHere("shpnotopen");
     if (!emptyUnit(unit)) gisStop(kFailure);
-    shp.fileCode = 9994;
+    shp.fileCode = 9994;  // by which every shapefile is known
     shp.fileLength = kHeaderWords;
     shp.version = 1000;
     char* out = reserve(unit, kHeaderBytes);

@@ -12,7 +12,7 @@ namespace vantelgis {
 
 namespace {
 
-constexpr std::int64_t kBoxBytes = 32;
+constexpr std::int64_t kBoxBytes = 32;  // of an object; nothing here needs it
 
 // What a failed read is called, while the fixed part of a record is read and while its coordinates
 // are. A count or table that makes no sense is a failed read as well.
@@ -59,6 +59,8 @@ void readParts(shpL_& shp, std::int32_t nPoints, const ReadMessages& messages) {
     if (!sound) gisStop(messages.failed);
 }
 
+// The counts in a record say where the next one begins, not the length in its head: writers that
+// get that length wrong are still read.
 void passOverRest(shpL_& shp) {
     if (shp.countAhead) {
         shp.unread += readCount(shp.shpUnit, kReadingType) * kPointBytes;
@@ -74,6 +76,7 @@ std::int32_t readRecordHead(int unit) {
     return fromLittleEndian<std::int32_t>(head + 8);
 }
 
+// The parts' table comes in with the head, so that what is left of the record is points alone.
 void readPolylineHead(shpL_& shp, GisObject& object) {
     requireBytes(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
     shp.nParts = object.nParts = readCount(shp.shpUnit, kReadingType);
@@ -88,7 +91,8 @@ void readPolylineHead(shpL_& shp, GisObject& object) {
     shp.unread = nPoints * kPointBytes;
 }
 
-// A negative count of rings is one of none.
+// Polygons are seldom wanted: their table and points stay unread until they are. A negative count
+// of rings is one of none.
 void readPolygonHead(shpL_& shp, GisObject& object) {
     object.kind = ObjectKind::region;
     requireBytes(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
@@ -102,6 +106,7 @@ void readPolygonHead(shpL_& shp, GisObject& object) {
     shp.countAhead = true;
 }
 
+// Its points are given one by one, as often as they are asked for.
 void readMultiPointHead(shpL_& shp, GisObject& object) {
     object.kind = ObjectKind::multiPoint;
     requireBytes(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);

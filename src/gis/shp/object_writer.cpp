@@ -44,9 +44,11 @@ void widen(shpL_& shp, const Box& box) {
     gisStop("ERROR 0439 - Writing .shp file object coordinates.");
 }
 
-constexpr std::size_t kHeadBytes = 12;
+constexpr std::size_t kHeadBytes = 12;  // record number, content length, shape type
 constexpr std::size_t kIndexBytes = 8;
 
+// A record of the .shx: where the object's record begins in the .shp and how long its content is,
+// both in 16-bit words. The content doesn't count the 8 bytes of the record's own head.
 void putIndex(const shpL_& shp, std::int32_t content) {
     OpenFile& file = makeRoom(shp.shxUnitBE, kIndexBytes);
     char* const out = placeBig(file.buffer + file.end, shp.offset);
@@ -95,6 +97,7 @@ void putNodes(int unit, const OutputNodes& nodes) {
     shpWritePoints(unit, nodes.x().data(), nodes.y().data(), nodes.size());
 }
 
+// Content lengths: 20 words for type, box and count, 8 for each point.
 void writePointSet(shpL_& shp, const OutputNodes& nodes) {
     const auto n = static_cast<std::int32_t>(nodes.size());
     startRecord(shp, kMultiPoint, std::int64_t{8} * n + 20);
@@ -105,6 +108,7 @@ void writePointSet(shpL_& shp, const OutputNodes& nodes) {
     widen(shp, box);
 }
 
+// 22 words for type, box and both counts, 2 for each part and 8 for each point.
 void writeParts(shpL_& shp, ShapeType type, const GisObject& object, const OutputNodes& nodes) {
     constexpr std::int32_t kOnePart[] = {1};
     const auto starts = object.partStarts.empty() ? std::span(kOnePart) : object.partStarts;
@@ -143,6 +147,7 @@ void shpWriteObject(const GisObject& object, const OutputNodes& nodes, shpL_& sh
 
 void shpWritePoint(double x, double y, shpL_& shp) {
     OpenFile& file = makeRoom(shp.shpUnit, kHeadBytes + kPointBytes);
+    // The type and two coordinates: 10 words, and no box.
     char* out = startRecord(shp, kPoint, 10, file.buffer + file.end);
     out = placeLittle(out, x);
     out = placeLittle(out, y);
