@@ -70,8 +70,7 @@ enum class GisKind { none = 0, mif = 1, shp = 2 };
 struct GisLayer {
     bool open = false;
     GisKind kind = GisKind::none;
-    Path name;           ///< as it was opened
-    bool atEnd = false;  ///< the next read of the file used last would meet its end
+    Path name;  ///< as it was opened
     bool writing = false;
     mifL_ mif;
     shpL_ shp[kFamilies];  ///< points, lines, regions

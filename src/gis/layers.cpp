@@ -92,7 +92,6 @@ void gisCloseLayer(int& gisID) {
         shpCloseFiles(layer);
     }
     layer.open = layer.writing = false;
-    layer.atEnd = true;
     layer.kind = GisKind::none;
     gisID = 0;
 }

@@ -18,12 +18,6 @@ namespace vantelgis {
 
 namespace {
 
-void readDbfRecord(GisLayer& layer, TextRef record) {
-    bool endMark = false;
-    dbfReadRecord(layer.dbf[0], endMark, record);
-    layer.atEnd = endMark || atEnd(layer.dbf[0].dbfUnit);
-}
-
 // Parts have to start at rising nodes; the first one starts at node 1 at the least.
 void checkParts(int gisID, std::span<const std::int32_t> starts) {
     for (std::size_t i = 1; i < starts.size(); ++i) {
@@ -66,7 +60,6 @@ void gisReadHeader(int gisID) {
 void gisGotoBeginningOfData(int gisID) {
     GisLayer& layer = usableLayer(gisID, "gisGotoBeginningOfData");
     consoleLine(" Rewinding GIS Layer ", gisID, "...");
-    layer.atEnd = false;
     if (layer.kind == GisKind::mif) {
         gisMifSkipToData(layer.mif.mifUnit);
         rewindUnit(layer.mif.midUnit);
@@ -79,11 +72,8 @@ void gisGotoBeginningOfData(int gisID) {
 bool gisObjectType(int gisID, GisObject& object) {
     GisLayer& layer = usableLayer(gisID, "gisObjectType");
     object = {};
-    const bool isMif = layer.kind == GisKind::mif;
-    const bool found =
-        isMif ? gisMifObjectType(layer.mif, object) : shpObjectType(layer.shp[0], object);
-    layer.atEnd = atEnd(isMif ? layer.mif.mifUnit : layer.shp[0].shpUnit);
-    return found;
+    return layer.kind == GisKind::mif ? gisMifObjectType(layer.mif, object)
+                                      : shpObjectType(layer.shp[0], object);
 }
 
 void gisReadRecord(int gisID, const GisObject& object, TextRef record) {
@@ -91,9 +81,8 @@ void gisReadRecord(int gisID, const GisObject& object, TextRef record) {
     record.clear();
     if (layer.kind == GisKind::mif) {
         midReadRecord(layer.mif.midUnit, object, record);
-        layer.atEnd = atEnd(layer.mif.midUnit);
     } else {
-        readDbfRecord(layer, record);
+        dbfReadRecord(layer.dbf[0], record);
     }
 }
 
@@ -102,15 +91,14 @@ void gisReadObject(int gisID, const GisObject& object, ObjectNodes& nodes) {
     nodes.centreRead = false;
     if (layer.kind == GisKind::mif) {
         gisMifReadObject(layer.mif, object, nodes);
-        layer.atEnd = atEnd(layer.mif.mifUnit);
     } else {
         shpReadObject(layer.shp[0], nodes);
-        layer.atEnd = atEnd(layer.shp[0].shpUnit);
     }
 }
 
 bool gisAtEnd(int gisID) {
-    return usableLayer(gisID, "gisAtEnd").atEnd;
+    const GisLayer& layer = usableLayer(gisID, "gisAtEnd");
+    return atEnd(layer.kind == GisKind::mif ? layer.mif.mifUnit : layer.shp[0].shpUnit);
 }
 
 void gisWriteObject(int gisID, const GisObject& object, OutputNodes& nodes, std::string_view row) {

@@ -32,7 +32,8 @@ void gisReadRecord(int gisID, const GisObject& object, TextRef record);
 /// parts those of its next part.
 void gisReadObject(int gisID, const GisObject& object, ObjectNodes& nodes);
 
-/// True when a layer being read has no further object or record.
+/// True when the geometry file of a layer being read ends here. Its records don't count: an object
+/// without one is a fault of the layer, not its end.
 bool gisAtEnd(int gisID);
 
 /// Writes an object with these nodes, and `row` as its attribute record: a line of comma-separated

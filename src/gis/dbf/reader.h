@@ -13,8 +13,8 @@ namespace vantelgis {
 void dbfReadHeader(dbfL_& dbf);
 
 /// Reads the next record that is not deleted as one line of comma-separated text, character fields
-/// in double quotes. At the mark behind the last record `atEnd` becomes true and `record` is blank;
-/// a count that differs from the header's is warned of.
-void dbfReadRecord(dbfL_& dbf, bool& atEnd, TextRef record);
+/// in double quotes. At the mark behind the last record `record` is blank, and a count that differs
+/// from the header's is warned of.
+void dbfReadRecord(dbfL_& dbf, TextRef record);
 
 }  // namespace vantelgis

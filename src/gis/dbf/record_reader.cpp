@@ -94,8 +94,7 @@ void readActiveRecord(dbfL_& dbf, TextRef record) {
     }
 }
 
-void meetEndMark(const dbfL_& dbf, bool& atEnd) {
-    atEnd = true;
+void meetEndMark(const dbfL_& dbf) {
     if (dbf.recordNo == dbf.nRecords) return;
     consoleLine("WARNING 0405 - Insufficient number of records found in .dbf file.");
     consoleLine("               Found ", dbf.recordNo, ", expecting ", dbf.nRecords, ".");
@@ -110,7 +109,7 @@ void meetEndMark(const dbfL_& dbf, bool& atEnd) {
 
 }  // namespace
 
-void dbfReadRecord(dbfL_& dbf, bool& atEnd, TextRef record) {
+void dbfReadRecord(dbfL_& dbf, TextRef record) {
     record.clear();
     char mark = readMark(dbf.dbfUnit);
     while (mark == kDeleted) {
@@ -120,7 +119,7 @@ void dbfReadRecord(dbfL_& dbf, bool& atEnd, TextRef record) {
     switch (mark) {
         case kActive:
         case kActiveToo: readActiveRecord(dbf, record); break;
-        case kEndMark: meetEndMark(dbf, atEnd); break;
+        case kEndMark: meetEndMark(dbf); break;
         default: stopAboutMark(mark);
     }
 }

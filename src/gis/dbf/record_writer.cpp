@@ -70,8 +70,9 @@ void dbfForgetItems() {
 
 void dbfFinish(dbfL_& dbf) {
     constexpr std::int64_t kCountOffset = 4;
-    put(dbf.dbfUnit, {&kEndMark, 1});
+    // A record that can't be written is told apart from what only the end writes.
     if (!flushUnit(dbf.dbfUnit)) stopAboutRecord();
+    put(dbf.dbfUnit, {&kEndMark, 1});
     const auto count = bytesOf(dbf.recordNo, std::endian::little);
     constexpr std::string_view kFailure =
         "ERROR 0413 - Rewriting .dbf file header with final information.";

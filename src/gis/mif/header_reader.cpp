@@ -62,6 +62,7 @@ void readToData(int mifUnit) {
 }  // namespace
 
 void gisMifReadHeader(mifL_& layer) {
+    if (layer.mifUnit <= 0) return;
     rewindUnit(layer.mifUnit);
     const std::int32_t count = readFieldCount(layer.mifUnit);
     for (std::int32_t i = 0; i < count; ++i) readField(layer, i);
@@ -71,6 +72,7 @@ void gisMifReadHeader(mifL_& layer) {
 }
 
 void gisMifSkipToData(int mifUnit) {
+    if (mifUnit <= 0) return;
     rewindUnit(mifUnit);
     readToData(mifUnit);
 }

@@ -13,10 +13,10 @@ namespace vantelgis {
 
 /// Reads the number of columns and the column lines, shows them on the console, and stops behind
 /// the line `Data`. Columns beyond kMaxMifFields are read and dropped. A header that makes no sense
-/// stops the run with ERROR 0313 to 0319.
+/// stops the run with ERROR 0313 to 0319. Nothing happens without an open file.
 void gisMifReadHeader(mifL_& layer);
 
-/// Goes back to the line behind `Data`.
+/// Goes back to the line behind `Data`, if the unit is above 0.
 void gisMifSkipToData(int mifUnit);
 
 /// Finds the next line with an object keyword: sets the kind, count and name of `object`, which is
