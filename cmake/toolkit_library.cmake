@@ -3,10 +3,11 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-set(toolkit_sources ${vantelgis_sources})
-list(FILTER toolkit_sources INCLUDE REGEX "/(text|run|geometry)/[^/]*\\.cpp$")
+set(foundation_sources ${vantelgis_sources})
+list(FILTER foundation_sources INCLUDE REGEX "/(text|run)/[^/]*\\.cpp$")
 
-add_library(vantelgis_toolkit SHARED ${toolkit_sources})
+add_library(vantelgis_toolkit SHARED
+  $<TARGET_OBJECTS:vantelgis_routines> ${foundation_sources})
 add_library(vantelgis::toolkit ALIAS vantelgis_toolkit)
 target_include_directories(vantelgis_toolkit PUBLIC
   $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>
@@ -23,12 +24,10 @@ set_target_properties(vantelgis_toolkit PROPERTIES
   SOVERSION ${PROJECT_VERSION_MAJOR})
 
 # The headers that declare the set, and those that they include.
-set(toolkit_headers
-  text/text.h text/limits.h text/strings.h text/paths.h text/line_tests.h text/input_lines.h text/replace.h
-  text/csv.h text/extract.h text/tokens.h text/short_numbers.h text/number_checks.h
-  geometry/angle.h geometry/distance.h geometry/grid.h geometry/hydraulics.h
-  geometry/inside_polygon.h geometry/interpolation.h geometry/intersection.h geometry/side.h
-  run/message_record.h run/exits.h run/opener.h run/opener_settings.h)
+file(GLOB toolkit_headers RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS toolkit/*.h)
+list(REMOVE_ITEM toolkit_headers toolkit/line_pieces.h)
+list(APPEND toolkit_headers
+  text/text.h text/limits.h run/message_record.h run/opener_settings.h)
 foreach(header IN LISTS toolkit_headers)
   get_filename_component(layer ${header} DIRECTORY)
   install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantelgis/${layer}

@@ -10,7 +10,8 @@ SRC = pathlib.Path(__file__).resolve().parent.parent / "src"
 GIS = {"gis", "gis/mif", "gis/shp", "gis/dbf"}
 # What the files of a folder may include of this project.
 MAY_INCLUDE = {
-    "driver": {"driver", "archive", "run", "text", "geometry"} | GIS,
+    "driver": {"driver", "convert", "archive", "run", "text", "geometry"} | GIS,
+    "convert": {"convert", "archive", "run", "text", "geometry"} | GIS,
     "archive": {"archive", "run", "text", "geometry"} | GIS,
     "gis": {"run", "text"} | GIS,
     "gis/mif": {"gis", "gis/mif", "run", "text"},
@@ -18,11 +19,9 @@ MAY_INCLUDE = {
     "gis/dbf": {"gis", "gis/dbf", "run", "text"},
     "run": {"run", "text"},
     "text": {"text"},
-    "geometry": {"geometry", "text"},
+    "geometry": {"geometry"},
+    "toolkit": {"toolkit", "run", "text", "geometry"},
 }
-# Routines of a low folder that report to the console or stop the run. What they stand on must not
-# know them.
-STOPPING = {"text/input_lines", "text/extract", "geometry/inside_polygon"}
 SYSTEM_HEADERS_IN = re.compile(r"run/platform_\w+\.cpp")
 
 STANDARD_HEADERS = set("""
@@ -45,19 +44,11 @@ def folder_of(name):
     return name.rpartition("/")[0]
 
 
-def stem_of(name):
-    return name.rpartition(".")[0]
-
-
 def project_include_fault(name, included):
     """What is wrong with one #include "..." line, or an empty text."""
     if not (SRC / included).is_file():
         return "no such file below src"
-    if stem_of(included) in STOPPING and folder_of(name) in {"run", "text"} and (
-            stem_of(name) not in STOPPING):
-        return "it stops the run, and nothing that it stands on may include it"
-    allowed = MAY_INCLUDE[folder_of(name)] | ({"run"} if stem_of(name) in STOPPING else set())
-    if folder_of(included) not in allowed:
+    if folder_of(included) not in MAY_INCLUDE[folder_of(name)]:
         return f"{folder_of(name)} may not include {folder_of(included)}"
     return ""
 

@@ -10,7 +10,7 @@ target_include_directories(memory_support PUBLIC ${CMAKE_CURRENT_SOURCE_DIR} ${f
 
 file(GLOB fault_tests CONFIGURE_DEPENDS faults/*.cpp)
 add_executable(fault_tests ${fault_tests})
-target_link_libraries(fault_tests PRIVATE memory_support vantelgis_core GTest::gtest_main)
+target_link_libraries(fault_tests PRIVATE memory_support vantelgis_routines vantelgis_core GTest::gtest_main)
 add_test(NAME faults COMMAND fault_tests)
 
 if(NOT CMAKE_CROSSCOMPILING)

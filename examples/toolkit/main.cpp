@@ -4,14 +4,13 @@
 #include <iostream>
 #include <string_view>
 
-#include "geometry/distance.h"
-#include "geometry/hydraulics.h"
-#include "run/opener.h"
 #include "run/opener_settings.h"
-#include "text/input_lines.h"
-#include "text/paths.h"
-#include "text/short_numbers.h"
 #include "text/text.h"
+#include "toolkit/geometry.h"
+#include "toolkit/lines.h"
+#include "toolkit/numbers.h"
+#include "toolkit/opener.h"
+#include "toolkit/paths.h"
 
 using namespace vantelgis;
 

@@ -14,7 +14,7 @@ CheckLayer::CheckLayer(std::string_view linesFile, std::string_view ending,
     : name_(withoutExtension(linesFile)) {
     constexpr FieldDefinition kFields[] = {{"Z", "Float", 0}};
     Path extension;
-    LOWERCASE(extension, extensionOf(formatOf));
+    lowerCase(extension, extensionOf(formatOf));
     name_ += ending;
     name_ += extension;
     layer_ = gisCreateLayer(name_, shapeFamily, kFields);

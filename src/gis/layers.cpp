@@ -22,7 +22,7 @@ GisKind formatOf(std::string_view name) {
         return GisKind::mif;
     if (hasExtension(name, ".shp")) return GisKind::shp;
     Path lower;
-    LOWERCASE(lower, extension);
+    lowerCase(lower, extension);
     gisStop("ERROR 0252 - ", lower, " is not a supported GIS file format.");
 }
 

@@ -92,10 +92,6 @@ bool consolePause(std::string_view text) {
     return consoleReadLine(dropped);
 }
 
-void PUTTEXT(const char* text, int n) {
-    if (n > 0) consolePut({text, static_cast<std::size_t>(n)});
-}
-
 void consoleReset() {
     console.outputLength = 0;
     console.inputBegin = 0;

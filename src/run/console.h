@@ -43,9 +43,6 @@ bool consoleReadLine(TextRef line);
 /// line of standard input. False when standard input was at its end, which ends the wait.
 bool consolePause(std::string_view text);
 
-/// Writes the first `n` characters of `text` with no line end; nothing if `n` is below 1.
-void PUTTEXT(const char* text, int n);
-
 /// Forgets what was written or read but not yet used; a new run starts so.
 void consoleReset();
 

@@ -18,10 +18,8 @@ constexpr std::string_view kAdvice = "             Check permissions and/or suff
 
 // Where the files of a folder go in the copy tree; the place is made.
 Path makePlaceFor(std::string_view folder) {
-    Path behindRoot{folder};
-    DRIVEFOLDER(behindRoot);
     Path target = openerSettings.copyRoot;
-    target += behindRoot;
+    target += driveAsFolder(folder);
     if (platform::makeFolder(target) == platform::kNotStarted) {
         stopWith(
             "ERROR 0005 - Could not make the folder below while making a copy of the input files.",

@@ -14,10 +14,13 @@ enum class MessageKind : std::int32_t {
     unstable = 4
 };
 
+/// What both coordinates of a message are that belongs to no place.
+inline constexpr double kNoLocation = -99999.0;
+
 /// The message record: the lines of the next message, and what is known of those reported so far.
 struct DMessages {
-    double x = -99999.0;  ///< a location that belongs to the message, for callers that know one
-    double y = -99999.0;
+    double x = kNoLocation;  ///< a location that belongs to the message, for callers that know one
+    double y = kNoLocation;
     bool oneLine = false;  ///< all lines of the message go on one console line
     Text<10000> text1;
     Text<10000> text2;
@@ -29,10 +32,5 @@ struct DMessages {
     MessageKind messageKind = MessageKind::plain;  ///< what the last message was
 };
 extern "C" DMessages DMESSAGES;
-
-/// Reports the message in `text1` to `text3`: classifies and counts it by its first word, writes
-/// `nBlank` empty lines and then its lines (none of it if `nBlank` is negative), and clears them.
-/// Never stops the program; a caller that wants to stop calls EXITS next.
-extern "C" void DMESSAGE(std::int32_t nBlank);
 
 }  // namespace vantelgis

@@ -6,7 +6,6 @@
 #include "run/boxes.h"
 #include "run/console.h"
 #include "run/opener_settings.h"
-#include "run/unit_writing.h"
 #include "text/free_format.h"
 #include "text/joined.h"
 
@@ -57,7 +56,7 @@ void show() {
 }  // namespace
 
 void clearMessage() {
-    DMESSAGES.x = DMESSAGES.y = -99999.0;
+    DMESSAGES.x = DMESSAGES.y = kNoLocation;
     DMESSAGES.oneLine = false;
     DMESSAGES.text1.clear();
     DMESSAGES.text2.clear();
@@ -77,14 +76,6 @@ void resetMessageCounters() {
     DMESSAGES.errorCount = DMESSAGES.warningCount = DMESSAGES.checkCount = 0;
 }
 
-void DLINE(int unit) {
-    constexpr std::string_view kRule =
-        "________________________________________________________________________________";
-    static_assert(kRule.size() == 80);
-    consoleLine(kRule);
-    if (unit > 0) putLine(unit, kRule);
-}
-
 void pauseRun() {
     if (openerSettings.boxMode) {
         const OpenerSettings& host = openerSettings;
@@ -96,22 +87,6 @@ void pauseRun() {
     }
     consoleLine();
     consolePause("Press Enter to Continue");
-}
-
-void DMESSAGE(std::int32_t nBlank) {
-    reportMessage(nBlank);
-}
-
-void DMESSAGECLEAR() {
-    clearMessage();
-}
-
-void DMESSAGERESETCOUNTERS() {
-    resetMessageCounters();
-}
-
-void DPAUSE() {
-    pauseRun();
 }
 
 }  // namespace vantelgis

@@ -15,7 +15,7 @@ namespace {
 // What one attempt at a name leads to.
 enum class Next { askForName, openInput, openOutput };
 
-// One call of OPENER: its arguments, and what was found out about the file.
+// One call of openOnUnit: its arguments, and what was found out about the file.
 struct Opening {
     int& unit;
     TextRef name;
@@ -110,21 +110,17 @@ void openOutput(const Opening& opening) {
 
 }  // namespace
 
-void FILEOPEN(int& unit, std::string_view mode, std::string_view name) {
-    openUnit(unit, mode, name);
-}
-
 void openUnit(int& unit, std::string_view mode, std::string_view name) {
     Path work{withoutLeadingBlanks(name)};
     if (work.blank()) stopForEmptyName();
     Unit* const slot = freeUnit();
     if (slot == nullptr) stopWithText("No free file numbers.");
     unit = slot->number;
-    OPENER(unit, work, mode, {});
+    openOnUnit(unit, work, mode, {});
     slot->used = unit != 0;
 }
 
-void OPENER(int& unit, TextRef name, std::string_view mode, std::string_view label) {
+void openOnUnit(int& unit, TextRef name, std::string_view mode, std::string_view label) {
     Opening opening{unit, name, mode, findOpenMode(mode)};
     Next next;
     while ((next = attempt(opening)) == Next::askForName)
@@ -134,10 +130,6 @@ void OPENER(int& unit, TextRef name, std::string_view mode, std::string_view lab
     } else {
         openOutput(opening);
     }
-}
-
-void CLOSER(int& unit) {
-    closeUnit(unit);
 }
 
 void closeUnit(int& unit) {
@@ -153,13 +145,6 @@ bool tryCloseUnit(int& unit) {
     openerUnitLine("...Closed File Unit:", unit);
     unit = 0;
     return true;
-}
-
-int LENSL(char* text, int capacity) {
-    int length = capacity > 0 ? capacity : 0;
-    while (length > 0 && (text[length - 1] == ' ' || text[length - 1] == '\0')) --length;
-    if (length < capacity) text[length] = '\0';
-    return length;
 }
 
 }  // namespace vantelgis

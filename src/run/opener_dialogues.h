@@ -35,11 +35,11 @@ bool askToClose(std::string_view name);
 /// describes the file, blank for none.
 void askForName(TextRef name, std::string_view label);
 
-/// Tells that an output can't be opened and waits for the person to do something about it.
+/// Says that an output can't be opened and waits for the person to do something about it.
 /// `folderMade` says, over the attempts at one file, that its folder was made without asking.
 void waitForOutput(std::string_view name, bool& folderMade);
 
-/// FILEOPEN got an empty name: says so and ends the run.
+/// A file with an empty name was to be opened: says so and ends the run.
 [[noreturn]] void stopForEmptyName();
 
 }  // namespace vantelgis

@@ -22,8 +22,4 @@ struct OpenerSettings {
 };
 extern "C" OpenerSettings openerSettings;
 
-/// Starts the file units: all are free, numbered from the larger of 9 and `base`, plus 1, and the
-/// settings have their start values. Call it first of all.
-extern "C" void FILESINIT(int base);
-
 }  // namespace vantelgis

@@ -15,10 +15,6 @@ void (*endHandler)() = nullptr;
 
 }  // namespace
 
-void EXITS() {
-    stopRun();
-}
-
 void setEndHandler(void (*handler)()) {
     endHandler = handler;
 }

@@ -3,7 +3,6 @@
 #include <string_view>
 
 #include "run/console.h"
-#include "run/exits.h"
 
 namespace vantelgis {
 

@@ -34,10 +34,6 @@ std::unique_ptr<OpenFile> newOpenFile() {
 
 OpenerSettings openerSettings;
 
-void FILESINIT(int base) {
-    initialiseUnits(base);
-}
-
 void initialiseUnits(int base) {
     openerSettings = {};
     table.base = std::clamp(base, kLowestBase, std::numeric_limits<int>::max() - kUnitCount);

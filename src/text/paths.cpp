@@ -25,9 +25,6 @@ std::size_t separatorColumn(std::string_view path) {
 std::size_t dotColumn(std::string_view path) {
     return lastColumn(path, ".");
 }
-std::size_t underscoreColumn(std::string_view path) {
-    return lastColumn(path, "_");
-}
 
 void removeDoubledSeparators(TextRef path) {
     for (std::size_t at; (at = path.view().find("\\\\")) != kNone && at >= 2;)
@@ -121,72 +118,17 @@ void cleanPath(TextRef path) {
         replacePiece(path, column, 1, {});
 }
 
-void FILEEXT(TextRef out, std::string_view path) {
-    LOWERCASE(out, extensionOf(cutPath(path)));
-}
-
-void FILEEXTKC(TextRef out, std::string_view path) {
-    out.assign(extensionOf(cutPath(path)));
-}
-
-void FILE___EXT(TextRef out, std::string_view path) {
-    const std::string_view name = baseNameOf(cutPath(path));
-    const std::size_t underscore = underscoreColumn(name);
-    LOWERCASE(out, underscore == 0 ? std::string_view{} : name.substr(underscore - 1));
-}
-
-void FILENAME(TextRef out, std::string_view path) {
-    out.assign(baseNameOf(cutPath(path)));
-}
-
-void FILENAMEEXT(TextRef out, std::string_view path) {
-    out.assign(fileNameOf(cutPath(path)));
-}
-
-void FILENAMENO_(TextRef out, std::string_view path) {
-    const std::string_view name = baseNameOf(cutPath(path));
-    const std::size_t underscore = underscoreColumn(name);
-    out.assign(underscore == 0 ? name : name.substr(0, underscore - 1));
-}
-
-void FILENAMEPATH(TextRef out, std::string_view path) {
-    out.assign(withoutExtension(cutPath(path)));
-}
-
-void FILENAMEPATHNO_(TextRef out, std::string_view path) {
-    path = withoutExtension(cutPath(path));
-    const std::size_t underscore = underscoreColumn(path);
-    const bool inName = underscore > 1 && underscore > separatorColumn(path);
-    out.assign(inName ? path.substr(0, underscore - 1) : path);
-}
-
-void FILEFOLDERPATH(TextRef out, std::string_view path) {
-    out.assign(folderOf(cutPath(path)));
-}
-
-void ADDFOLDER(TextRef out, std::string_view folder, std::string_view name) {
-    out.assign(joinedPath(folder, name));
-}
-
-void REMOVEDOTDOT(TextRef out, std::string_view path) {
-    out.assign(resolvedPath(path));
-}
-
-void CLEANPATH(TextRef out, TextRef path) {
-    cleanPath(path);
-    out.assign(path.view());
-}
-
-bool DRIVEFOLDER(TextRef path) {
-    path.assign(cutPath(withoutLeadingBlanks(path.view())));
-    const std::size_t colon = path.view().find(':');
+Path driveAsFolder(std::string_view path) {
+    Path work(withoutLeadingBlanks(path));
+    const TextRef text = work;
+    const std::size_t colon = text.view().find(':');
     if (colon != kNone) {
-        std::transform(path.data, path.data + colon, path.data, toUpper);
-        replacePiece(path, colon, 1, " Drive");
+        std::transform(text.data, text.data + colon, text.data, toUpper);
+        replacePiece(text, colon, 1, " Drive");
     }
-    const bool network = beginsWith(path.view(), "\\\\") || beginsWith(path.view(), "//");
-    if (network) replacePiece(path, 0, 2, "URL\\");
-    return colon == kNone && !network;
+    if (beginsWith(text.view(), "\\\\") || beginsWith(text.view(), "//"))
+        replacePiece(text, 0, 2, "URL\\");
+    return work;
 }
 
 }  // namespace vantelgis

@@ -43,51 +43,8 @@ Path resolvedPath(std::string_view path);
 /// 1 stays, and hides further ones of its kind.
 void cleanPath(TextRef path);
 
-extern "C" {
-
-/// The extension with its dot, in lower case (FILEEXT) or with its case kept (FILEEXTKC). Blank if
-/// the last dot, if any, lies in front of the last separator.
-void FILEEXT(TextRef out, std::string_view path);
-void FILEEXTKC(TextRef out, std::string_view path);
-
-/// The end of the base name from its last "_" on, in lower case; blank if it has none.
-void FILE___EXT(TextRef out, std::string_view path);
-
-/// The base name: no folder, no extension. A name that begins with its only dot is kept whole
-/// behind a separator, and is blank without one.
-void FILENAME(TextRef out, std::string_view path);
-
-/// The name with its extension, no folder.
-void FILENAMEEXT(TextRef out, std::string_view path);
-
-/// The base name up to its last "_", without it.
-void FILENAMENO_(TextRef out, std::string_view path);
-
-/// Folder and base name, no extension.
-void FILENAMEPATH(TextRef out, std::string_view path);
-
-/// Folder and base name up to its last "_", without it.
-void FILENAMEPATHNO_(TextRef out, std::string_view path);
-
-/// The folder with its closing separator; blank if there is none.
-void FILEFOLDERPATH(TextRef out, std::string_view path);
-
-/// `name` joined onto `folder` and passed through REMOVEDOTDOT. A name that holds ":" or "\\" is
-/// absolute and stays alone; "." if both are blank.
-void ADDFOLDER(TextRef out, std::string_view folder, std::string_view name);
-
-/// `path` with "\..\" and "\.\" worked out and doubled "\" removed, but for those of a network
-/// prefix. Knows "\" only, never "/".
-void REMOVEDOTDOT(TextRef out, std::string_view path);
-
-/// Removes leading blanks and doubled separators, in `path` as well as in `out`. A doubled
-/// separator in column 1 stays, and hides further ones of its kind.
-void CLEANPATH(TextRef out, TextRef path);
-
-}  // extern "C"
-
-/// Turns a path, in place, into one that can stand below another folder: "c:\data" becomes
-/// "C Drive\data", "\\srv\data" becomes "URL\srv\data". True if it was relative all along.
-bool DRIVEFOLDER(TextRef path);
+/// A path turned into one that can stand below another folder: "c:\data" becomes "C Drive\data",
+/// "\\srv\data" becomes "URL\srv\data"; a relative one stays.
+Path driveAsFolder(std::string_view path);
 
 }  // namespace vantelgis

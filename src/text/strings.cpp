@@ -5,36 +5,11 @@
 #include <functional>
 
 #include "text/characters.h"
+#include "text/copying.h"
 
 namespace vantelgis {
 
 namespace {
-
-constexpr std::size_t kShortStringCapacity = 256;
-
-void setLength(TextRef out, std::size_t length) {
-    *out.length = withoutTrailingBlanks({out.data, length}).size();
-}
-
-// The characters of `s` that are wanted. Runs forward and never writes ahead of its reading, so
-// that `s` may lie in `out`.
-template <typename Wanted>
-void copyWanted(TextRef out, std::string_view s, Wanted wanted) {
-    std::size_t length = 0;
-    for (const char c : s) {
-        if (!wanted(c)) continue;
-        if (length == out.capacity) break;
-        out.data[length++] = c;
-    }
-    setLength(out, length);
-}
-
-template <typename Change>
-void copyChanged(TextRef out, std::string_view s, Change change) {
-    s = s.substr(0, out.capacity);
-    for (std::size_t i = 0; i < s.size(); ++i) out.data[i] = change(s[i]);
-    setLength(out, s.size());
-}
 
 void fillIfBlank(TextRef out) {
     if (*out.length == 0) out.assign("X");
@@ -113,22 +88,16 @@ std::size_t findIgnoringCase(std::string_view s, std::string_view wanted) {
     return std::string_view::npos;
 }
 
-void replacePiece(TextRef text, std::size_t at, std::size_t count, std::string_view by) {
-    const std::string_view tail = text.view().substr(at + count);
-    by = by.substr(0, text.capacity - at);
-    const std::size_t tailAt = at + by.size();
-    const std::size_t tailSize = std::min(tail.size(), text.capacity - tailAt);
-    if (tailSize > 0) std::memmove(text.data + tailAt, tail.data(), tailSize);
-    std::copy(by.begin(), by.end(), text.data + at);
-    setLength(text, tailAt + tailSize);
-}
-
 bool containsIgnoringCase(std::string_view line, std::string_view word) {
     return findIgnoringCase(line, word) != std::string_view::npos;
 }
 
-bool looselyEqual(std::string_view a, std::string_view b) {
-    return sameText(a, b, toUpper);
+bool looselyEqual(std::string_view a, std::string_view b, LetterCase letters) {
+    return letters == LetterCase::kept ? sameText(a, b, std::identity{}) : sameText(a, b, toUpper);
+}
+
+void lowerCase(TextRef out, std::string_view s) {
+    copyChanged(out, s, toLower);
 }
 
 void keepAlphanumerics(TextRef out, std::string_view s, char fill) {
@@ -147,75 +116,14 @@ void cleanAttributeName(TextRef out, std::string_view s, std::size_t length) {
     fillIfBlank(out);
 }
 
-void TRIMF(TextRef out, std::string_view s) {
-    out.assign(withoutLeadingBlanks(s));
-}
-
-void REMOVETABS(TextRef out, std::string_view s) {
-    if (s.find('\t') == std::string_view::npos) return out.assign(s);
-    copyWanted(out, s, [](char c) { return c != '\t'; });
-}
-
-void REMOVEQUOTES(TextRef out, std::string_view s) {
-    copyWanted(out, s, [](char c) { return !isQuote(c); });
-}
-
-void REMOVESPACES(TextRef out, std::string_view s) {
-    copyWanted(out, s, [](char c) { return c != ' '; });
-}
-
-void DOUBLEQUOTE(TextRef out, std::string_view s) {
-    out.assign(s);
-    std::size_t from = *out.length;
-    const auto quotes = std::count(out.data, out.data + from, '"');
-    std::size_t to = from + static_cast<std::size_t>(quotes);
-    const std::size_t length = std::min(to, out.capacity);
-    const auto put = [&](char c) {
-        if (--to < out.capacity) out.data[to] = c;
-    };
-    // From the end on, so that nothing is overwritten before it has been moved.
-    while (from != to) {
-        const char c = out.data[--from];
-        put(c);
-        if (c == '"') put(c);
-    }
-    setLength(out, length);
-}
-
-void UPPERCASE(TextRef out, std::string_view s) {
-    copyChanged(out, s, toUpper);
-}
-void LOWERCASE(TextRef out, std::string_view s) {
-    copyChanged(out, s, toLower);
-}
-
-void ALPHANUMERICONLY(TextRef out, std::string_view s, std::string_view fill) {
-    keepAlphanumerics(out, s, fill.empty() ? ' ' : fill.front());
-}
-
-void CLEANATTRIBUTENAME(TextRef out, std::string_view s, std::int32_t length) {
-    cleanAttributeName(out, s, static_cast<std::size_t>(std::max(length, 0)));
-}
-
-void SS256(TextRef out, std::string_view s) {
-    out.assign(s.substr(0, kShortStringCapacity));
-}
-
-bool BLANK(TextRef s) {
-    REMOVETABS(s, s.view());
-    return *s.length == 0;
-}
-
-bool ASAME(std::string_view a, std::string_view b) {
-    return looselyEqual(a, b);
-}
-
-bool ASAMECS(std::string_view a, std::string_view b) {
-    return sameText(a, b, std::identity{});
-}
-
-bool FLAGEXISTS(std::string_view line, std::string_view flag) {
-    return containsIgnoringCase(line.substr(0, kLineCapacity), cutLine(flag));
+void replacePiece(TextRef text, std::size_t at, std::size_t count, std::string_view by) {
+    const std::string_view tail = text.view().substr(at + count);
+    by = by.substr(0, text.capacity - at);
+    const std::size_t tailAt = at + by.size();
+    const std::size_t tailSize = std::min(tail.size(), text.capacity - tailAt);
+    if (tailSize > 0) std::memmove(text.data + tailAt, tail.data(), tailSize);
+    std::copy(by.begin(), by.end(), text.data + at);
+    text.setLength(tailAt + tailSize);
 }
 
 }  // namespace vantelgis

@@ -1,90 +1,43 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string_view>
 
-#include "text/limits.h"
 #include "text/text.h"
 
 namespace vantelgis {
 
-// Trimming, cleaning, comparing and searching of strings. A blank is the space alone, letters are
-// the ASCII letters, and trailing blanks never count, neither in arguments nor in results. An
-// output may be the input's own string; what does not fit in it is cut.
+// Finding, comparing and cleaning of strings. A blank is the space alone and letters are the ASCII
+// letters. Nothing here fails or allocates.
 
-constexpr std::string_view cutLine(std::string_view line) {
-    return withoutTrailingBlanks(line.substr(0, kLineCapacity));
-}
-
-/// The place (from 0) of the first occurrence of `wanted` in `s`, without regard to case;
-/// `npos` if there is none. An empty `wanted` is found at the start.
+/// The place (from 0) of the first occurrence of `wanted` in `s`, without regard to case; `npos` if
+/// there is none. An empty `wanted` is found at the start.
 std::size_t findIgnoringCase(std::string_view s, std::string_view wanted);
 
 /// `word` occurs in `line`, without regard to case. An empty word occurs in every line.
 bool containsIgnoringCase(std::string_view line, std::string_view word);
 
-/// The first kCompareCapacity characters of `a` and `b` are equal without regard to case once
-/// quotes, tabs and then leading blanks are taken away; behind the end of either one stand blanks.
-bool looselyEqual(std::string_view a, std::string_view b);
+enum class LetterCase { ignored, kept };
+
+/// The first kCompareCapacity characters of `a` and `b` are equal once quotes, tabs and then
+/// leading blanks are taken away; behind the end of either one stand blanks.
+bool looselyEqual(std::string_view a, std::string_view b, LetterCase letters = LetterCase::ignored);
+
+/// `s` with its letters in lower case; cut at the capacity of `out`, which may be the string of
+/// `s`.
+void lowerCase(TextRef out, std::string_view s);
 
 /// `s` with each character that is neither letter nor digit replaced by `fill`, or dropped when
-/// that is the zero byte. "X" if nothing but blanks is left.
+/// that is the zero byte; cut at the capacity of `out`, which may be the string of `s`. "X" if
+/// nothing but blanks is left.
 void keepAlphanumerics(TextRef out, std::string_view s, char fill);
 
 /// The letters, digits and underscores among the first `length` characters of `s`; "X" if there
-/// are none.
+/// are none. Cut at the capacity of `out`, which may be the string of `s`.
 void cleanAttributeName(TextRef out, std::string_view s, std::size_t length);
 
 /// Replaces the `count` characters of `text` at place `at` (from 0) by `by`, which must not lie in
-/// `text`. What no longer fits is cut.
+/// `text`. The characters must be there. What no longer fits is cut.
 void replacePiece(TextRef text, std::size_t at, std::size_t count, std::string_view by);
-
-extern "C" {
-
-/// `s` without leading blanks.
-void TRIMF(TextRef out, std::string_view s);
-
-/// `s` without its tabs.
-void REMOVETABS(TextRef out, std::string_view s);
-
-/// `s` without any double or single quotes.
-void REMOVEQUOTES(TextRef out, std::string_view s);
-
-/// `s` without any blanks.
-void REMOVESPACES(TextRef out, std::string_view s);
-
-/// `s` with each double quote written twice.
-void DOUBLEQUOTE(TextRef out, std::string_view s);
-
-/// `s` with its letters in upper, or lower, case.
-void UPPERCASE(TextRef out, std::string_view s);
-void LOWERCASE(TextRef out, std::string_view s);
-
-/// `s` with each character that is neither letter nor digit replaced by the first character of
-/// `fill` (a blank if `fill` is empty), or dropped when that is the zero byte. "X" if nothing but
-/// blanks is left.
-void ALPHANUMERICONLY(TextRef out, std::string_view s, std::string_view fill);
-
-/// The letters, digits and underscores among the first `length` characters of `s`; "X" if there
-/// are none.
-void CLEANATTRIBUTENAME(TextRef out, std::string_view s, std::int32_t length);
-
-/// The first 256 characters of `s`.
-void SS256(TextRef out, std::string_view s);
-
-/// Removes the tabs of `s` in place; true when nothing but blanks remains.
-bool BLANK(TextRef s);
-
-/// The first 1000 characters of `a` and `b` are equal once quotes, tabs and then leading blanks are
-/// taken away, without regard to case (ASAME) or with it (ASAMECS).
-bool ASAME(std::string_view a, std::string_view b);
-bool ASAMECS(std::string_view a, std::string_view b);
-
-/// `flag`, without its trailing blanks, occurs in `line`, without regard to case. A blank flag
-/// occurs in every line.
-bool FLAGEXISTS(std::string_view line, std::string_view flag);
-
-}  // extern "C"
 
 }  // namespace vantelgis

@@ -45,8 +45,10 @@ struct TextRef {
     void append(std::string_view s) const {
         const std::size_t n = std::min(s.size(), capacity - *length);
         if (n > 0) std::memcpy(data + *length, s.data(), n);
-        *length = withoutTrailingBlanks({data, *length + n}).size();
+        setLength(*length + n);
     }
+    /// The first `n` characters of `data`, which somebody has put there, are the text.
+    void setLength(std::size_t n) const { *length = withoutTrailingBlanks({data, n}).size(); }
     void clear() const { *length = 0; }
     [[nodiscard]] std::string_view view() const { return {data, *length}; }
 };

@@ -12,7 +12,7 @@
 #include "run/opener.h"
 #include "run/opener_settings.h"
 #include "support/rows.h"
-#include "text/input_lines.h"
+#include "toolkit/lines.h"
 
 namespace vantelgis {
 
@@ -96,7 +96,7 @@ TEST(ACallThatCannotBeMet, StopsWithItsMessage) {
     shpL_ shp;
     dbfL_ dbf;
     const auto open = [&](std::string_view mode, std::string_view name) {
-        FILEOPEN(unit, mode, name);
+        openUnit(unit, mode, name);
     };
     const auto copyTo = [&](std::string_view root) {
         openerSettings.copyMode = true;

@@ -17,8 +17,8 @@ namespace {
 
 void openAndClose(std::string_view mode, std::string_view name) {
     int unit = 0;
-    FILEOPEN(unit, mode, name);
-    CLOSER(unit);
+    openUnit(unit, mode, name);
+    closeUnit(unit);
 }
 
 class OpenerSettingsTest : public testing::Test {
@@ -46,7 +46,7 @@ TEST_F(OpenerSettingsTest, LogsWhatOpenerAndCloserPrint) {
     writeFile("in.txt", "x");
     const auto body = [] {
         int log = 0;
-        FILEOPEN(log, "O ", "log.txt");
+        openUnit(log, "O ", "log.txt");
         openerSettings.logUnit = log;
         openAndClose("I ", "missing.txt");
         consoleLine("not a line of the opener");
@@ -72,7 +72,7 @@ TEST_F(OpenerSettingsTest, StartsAnewWithEachRun) {
     set.inputDrive = 'q';
     set.blockSize = 1;
     set.copyLast = "x";
-    FILESINIT(1000);
+    initialiseUnits(1000);
     EXPECT_FALSE(set.boxMode || set.copyMode || set.autoFolders);
     EXPECT_TRUE(set.inputDrive == ' ' && set.blockSize == 0 && set.copyLast.blank());
 }
@@ -103,7 +103,7 @@ TEST_F(BoxTest, AsksForAMissingInputAndClosesAnOpenFile) {
 
     const auto openTwice = [] {
         int unit = 0;
-        FILEOPEN(unit, "O ", "a.txt");
+        openUnit(unit, "O ", "a.txt");
         openAndClose("BO", "./a.txt");
     };
     const std::string question =
@@ -121,7 +121,7 @@ TEST_F(BoxTest, StopsAndPausesInBoxes) {
     EXPECT_EQ(empty.console,
               "\nHOST\nEmpty filename specified.  Bailing out.  Please contact "
               "support@vantelgis.example.\n OK? \n");
-    const RunResult pause = inBoxMode([] { DPAUSE(); }, "later\nOK\n");
+    const RunResult pause = inBoxMode([] { pauseRun(); }, "later\nOK\n");
     const std::string box =
         "\nHOST\nHOST Simulation 7.1 paused\n\nRefer to Simulation Window\n\nPress OK to "
         "Continue\n OK? ";
@@ -165,8 +165,8 @@ TEST_F(OpenerSettingsTest, HandsOverInBlocks) {
     runInProcess([] {
         openerSettings.blockSize = 512;
         int blocks = 0, whole = 0;
-        FILEOPEN(blocks, "F ", "blocks.txt");
-        FILEOPEN(whole, "BO", "whole.txt");
+        openUnit(blocks, "F ", "blocks.txt");
+        openUnit(whole, "BO", "whole.txt");
         for (int i = 0; i < 20; ++i) {
             put(blocks, std::string(100, 'b'));
             put(whole, std::string(100, 'w'));

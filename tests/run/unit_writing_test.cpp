@@ -16,7 +16,7 @@ TEST(UnitWriting, LosesNothingThatWasWritten) {
         int unit = 1001;
         for (const std::string_view name : {"first", "second"}) {
             Path path{name};
-            OPENER(unit, path, "O ", {});
+            openOnUnit(unit, path, "O ", {});
             put(unit, name);
         }
         EXPECT_EQ(readFile("first"), "first");
@@ -25,8 +25,8 @@ TEST(UnitWriting, LosesNothingThatWasWritten) {
 
     const auto putLate = [] {
         int owner = 0, taker = 0;
-        FILEOPEN(owner, "O ", "a");
-        FILEOPEN(taker, "O ", "a");
+        openUnit(owner, "O ", "a");
+        openUnit(taker, "O ", "a");
         put(owner, "too late");
     };
     const auto late = runInProcess(putLate, "y\n");
@@ -37,11 +37,11 @@ TEST(UnitWriting, LosesNothingThatWasWritten) {
 TEST(UnitWriting, KnowsNoUnitOutsideItsTable) {
     runInProcess([] {
         for (const int base : {1000, std::numeric_limits<int>::max()}) {
-            FILESINIT(base);
+            initialiseUnits(base);
             EXPECT_GT(freeUnit()->number, 1000);
             for (int unit : {std::numeric_limits<int>::min(), -1, 0}) {
                 const int before = unit;
-                CLOSER(unit);
+                closeUnit(unit);
                 EXPECT_EQ(unit, before);
             }
         }

@@ -1,8 +1,9 @@
 #include "support/fresh_start.h"
 
-#include "archive/conversions.h"
+#include "convert/conversions.h"
 #include "gis/layers.h"
-#include "gis/records.h"
+#include "gis/mif/writer.h"
+#include "gis/shp/writer.h"
 #include "run/console.h"
 #include "run/messages.h"
 #include "run/stop.h"
@@ -15,14 +16,9 @@ void freshStart() {
     initialiseUnits(1000);
     clearMessage();
     resetMessageCounters();
-    gisInitialise(-1, {}, {}, {});
+    gisInitialise();
     gisMifCoordSys.clear();
     gisShpProjCS.clear();
-    gisO_ = {};
-    gisA_ = {};
-    gisN = 0;
-    gisX.assign(2, 0.0);
-    gisY.assign(2, 0.0);
     includeHip = false;
     consoleReset();
 }
