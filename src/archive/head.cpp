@@ -97,8 +97,9 @@ bool d12CheckEncoding(int unit) {
     int markUnit = 0;
     openUnit(markUnit, "BI", unitName(unit));
     char mark[kMarkLength];
-    const bool read = readBytes(markUnit, mark, kMarkLength) == ReadResult::ok;
-    const std::string_view bytes{mark, read ? kMarkLength : 0};
+    const ReadResult result = readBytes(markUnit, mark, kMarkLength);
+    if (result == ReadResult::failed) stopReadingFile(unitName(unit));
+    const std::string_view bytes{mark, result == ReadResult::ok ? kMarkLength : 0};
     if (bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE"))
         stopWith("", "ERROR - Source 12da is encoded using UTF-16");
     closeUnit(markUnit);

@@ -25,8 +25,9 @@ void d12OpenArchive(Archive& archive, std::string_view path);
 /// Says that the search for objects begins and runs d12FindData.
 bool d12BeginData(Archive& archive);
 
-/// True when the file begins with the UTF-8 byte order mark; the mark of UTF-16 stops the run. The
-/// file is opened a second time for the test, the position of `unit` stays.
+/// True when the file begins with the UTF-8 byte order mark; the mark of UTF-16 stops the run,
+/// and so does a read that fails. The file is opened a second time for the test, the position of
+/// `unit` stays.
 bool d12CheckEncoding(int unit);
 
 /// The value of a keyword in the comment lines at the top of the file, blank when it isn't there

@@ -8,14 +8,17 @@
 #include "convert/interpolation.h"
 #include "convert/line_objects.h"
 #include "convert/snapping.h"
+#include "gis/layer_files.h"
 #include "gis/layers.h"
 #include "gis/operations.h"
 #include "run/console.h"
 #include "run/opener.h"
+#include "run/run_inputs.h"
 #include "run/stop.h"
 #include "text/free_format.h"
 #include "text/limits.h"
 #include "text/number_field.h"
+#include "text/paths.h"
 
 namespace vantelgis {
 
@@ -99,6 +102,18 @@ void writeUnsnappedPoints(const BreaklinePoints& points, CheckLayer& unsnapped) 
         if (!points.used(i)) unsnapped.addPoint(points[i].x, points[i].y, points[i].z);
 }
 
+// Points that an earlier run left over may be given again, under the very name of the layer that is
+// made now: then it replaces them, as its user expects.
+void withdrawPoints(const Path& pointsFile, const Path& layerName) {
+    Path name = layerName;
+    if (hasExtension(layerName, ".shp")) {
+        name = withoutExtension(layerName);
+        name += "_P.shp";
+    }
+    if (pointsFile.view() != name.view()) return;
+    for (const Path& file : gisFilesOf(pointsFile)) withdrawInput(file);
+}
+
 }  // namespace
 
 void convertBreaklines3d(const RunSettings& settings) {
@@ -109,7 +124,7 @@ void convertBreaklines3d(const RunSettings& settings) {
     run.archive = createArchive(settings, linesFile);
     run.layer = openInputLayer(settings.inputFile1);
     const int linesLayer = twoFiles ? openInputLayer(settings.inputFile2) : run.layer;
-    CheckLayer dangles{linesFile, "_dangles", linesFile, "L"};
+    CheckLayer dangles{checkLayerName(linesFile, "_dangles", linesFile), "L"};
 
     consoleLine("\nSearching for point objects...");
     readPoints(run);
@@ -125,7 +140,9 @@ void convertBreaklines3d(const RunSettings& settings) {
     gisCloseLayer(run.layer);
     dangles.close();
 
-    CheckLayer unsnapped{linesFile, "_unsnapped_points", settings.inputFile1, "P"};
+    const Path unsnappedName = checkLayerName(linesFile, "_unsnapped_points", settings.inputFile1);
+    withdrawPoints(settings.inputFile1, unsnappedName);
+    CheckLayer unsnapped{unsnappedName, "P"};
     writeUnsnappedPoints(run.points, unsnapped);
     if (unsnapped.used()) unsnapped.warn("unsnapped points");
     if (dangles.used()) dangles.warn("dangling polylines");

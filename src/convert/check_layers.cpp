@@ -9,14 +9,18 @@
 
 namespace vantelgis {
 
-CheckLayer::CheckLayer(std::string_view linesFile, std::string_view ending,
-                       std::string_view formatOf, std::string_view shapeFamily)
-    : name_(withoutExtension(linesFile)) {
-    constexpr FieldDefinition kFields[] = {{"Z", "Float", 0}};
+Path checkLayerName(std::string_view linesFile, std::string_view ending,
+                    std::string_view formatOf) {
     Path extension;
     lowerCase(extension, extensionOf(formatOf));
-    name_ += ending;
-    name_ += extension;
+    Path name = withoutExtension(linesFile);
+    name += ending;
+    name += extension;
+    return name;
+}
+
+CheckLayer::CheckLayer(const Path& name, std::string_view shapeFamily) : name_(name) {
+    constexpr FieldDefinition kFields[] = {{"Z", "Float", 0}};
     layer_ = gisCreateLayer(name_, shapeFamily, kFields);
 }
 

@@ -7,14 +7,16 @@
 
 namespace vantelgis {
 
+/// The name of such a layer: `linesFile` without its extension, `ending` ("_dangles"), and the
+/// extension of `formatOf`, which gives its format.
+Path checkLayerName(std::string_view linesFile, std::string_view ending, std::string_view formatOf);
+
 /// A layer beside the lines of a run that shows what needs the person's eye. Each record is an
 /// elevation.
 class CheckLayer {
   public:
-    /// Makes the layer `linesFile` without its extension, `ending` ("_dangles"), and the extension
-    /// of `formatOf`, which gives its format. `shapeFamily` is P or L.
-    CheckLayer(std::string_view linesFile, std::string_view ending, std::string_view formatOf,
-               std::string_view shapeFamily);
+    /// Makes the layer; `shapeFamily` is P or L.
+    CheckLayer(const Path& name, std::string_view shapeFamily);
 
     /// Writes a line with the elevation of its object, or a point with its own.
     void addLine(const GisObject& object, const ObjectNodes& nodes, float elevation);

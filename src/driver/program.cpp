@@ -2,16 +2,20 @@
 
 #include <exception>
 #include <new>
+#include <vector>
 
 #include "convert/conversions.h"
 #include "driver/options.h"
 #include "driver/output_name.h"
 #include "driver/projection.h"
+#include "gis/layer_files.h"
 #include "gis/layers.h"
 #include "run/console.h"
 #include "run/messages.h"
+#include "run/run_inputs.h"
 #include "run/stop.h"
 #include "run/units.h"
+#include "text/joined.h"
 #include "text/paths.h"
 
 namespace vantelgis {
@@ -24,6 +28,14 @@ void startLibraries() {
     initialiseUnits(kUnitBase);
     clearMessage();
     gisInitialise();
+}
+
+// Also files that are opened late, or closed early, are whole when an output is asked for.
+void declareInputs(const RunSettings& run) {
+    for (const Path& layer : {run.inputFile1, run.inputFile2}) {
+        if (layer.blank()) continue;
+        for (const Path& file : gisFilesOf(layer)) declareInput(file);
+    }
 }
 
 void reportFiles(const RunSettings& run) {
@@ -78,6 +90,7 @@ void convert(RunSettings& run) {
     }
     consoleLine("Executable: ", arguments.front());
     RunSettings run = readOptions(arguments.subspan(1));
+    declareInputs(run);
     searchProjection(run);
     reportFiles(run);
     convert(run);
@@ -86,17 +99,31 @@ void convert(RunSettings& run) {
     stopRun();
 }
 
+// What goes wrong on the way to a message of its own still gets a line, behind whatever stands
+// open.
+template <typename Body>
+[[noreturn]] void runGuarded(Body body) {
+    try {
+        body();
+        endRun();
+    } catch (const std::bad_alloc&) {
+        stopWith("", "ERROR - Out of memory");
+    } catch (const std::exception& exception) {
+        stopWith("", Joined<1000>("ERROR - ", exception.what()));
+    }
+}
+
 }  // namespace
 
 void runProgram(std::span<const std::string_view> arguments) {
-    try {
+    runGuarded([&] { runWith(arguments); });
+}
+
+void runProgram(int count, char** values) {
+    runGuarded([&] {
+        const std::vector<std::string_view> arguments(values, values + count);
         runWith(arguments);
-    } catch (const std::bad_alloc&) {
-        stopWithText("ERROR - Out of memory");
-    } catch (const std::exception& exception) {
-        consoleText("ERROR - ");
-        stopWithText(exception.what());
-    }
+    });
 }
 
 }  // namespace vantelgis

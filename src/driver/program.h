@@ -9,4 +9,7 @@ namespace vantelgis {
 /// ends the process; every end gives status 0.
 [[noreturn]] void runProgram(std::span<const std::string_view> arguments);
 
+/// The same with the arguments of main.
+[[noreturn]] void runProgram(int count, char** values);
+
 }  // namespace vantelgis

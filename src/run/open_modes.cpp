@@ -8,6 +8,7 @@ using enum platform::Access;
 using enum Content;
 constexpr auto kShared = platform::Sharing::full;
 constexpr auto kAlone = platform::Sharing::refuseWriters;
+constexpr auto kOwnUnits = platform::Sharing::ownUnits;
 
 constexpr OpenMode kModes[] = {
     {"I ", true, read, kShared, textLines},
@@ -22,8 +23,8 @@ constexpr OpenMode kModes[] = {
     {"BO", false, replace, kAlone, littleEndianBytes},
     {"BN", false, replace, kAlone, bigEndianBytes},
     {"AB", false, append, kShared, littleEndianBytes},
-    {"SB", false, keep, kShared, littleEndianBytes},
-    {"SE", false, keep, kShared, bigEndianBytes},
+    {"SB", false, keep, kOwnUnits, littleEndianBytes},
+    {"SE", false, keep, kOwnUnits, bigEndianBytes},
     {"IO", false, readWrite, kShared, textLines},
 };
 

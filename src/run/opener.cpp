@@ -4,8 +4,10 @@
 #include "run/open_modes.h"
 #include "run/opener_dialogues.h"
 #include "run/opener_settings.h"
+#include "run/run_inputs.h"
 #include "run/stop.h"
 #include "run/units.h"
+#include "text/joined.h"
 #include "text/paths.h"
 
 namespace vantelgis {
@@ -22,7 +24,20 @@ struct Opening {
     std::string_view modeCode;
     const OpenMode* mode;  // null for an unknown code
     bool existed = false;  // at the last attempt
+    bool typed = false;    // the name was asked for
 };
+
+[[noreturn]] void stopAtInput(std::string_view name) {
+    stopWith("", Joined<1100>("ERROR - Output file is also an input of this run: ", name));
+}
+
+// A name that a person typed for an input may be that of a file which the run is writing.
+void checkTypedInput(std::string_view name) {
+    platform::FileIdentity identity;
+    if (!inputsAreDeclared() || !platform::identifyInput(name, identity)) return;
+    const int openUnit = unitOf(identity);
+    if (openUnit != 0 && !fileOf(openUnit).mode->input) stopAtInput(name);
+}
 
 bool mayBeOpenTwice(std::string_view modeCode) {
     return modeCode.starts_with('A') || modeCode.starts_with('S');
@@ -30,6 +45,11 @@ bool mayBeOpenTwice(std::string_view modeCode) {
 
 bool isInput(const Opening& opening) {
     return opening.mode != nullptr && opening.mode->input;
+}
+
+// What an append adds stands behind what is there.
+bool cutsFile(const Opening& opening) {
+    return opening.mode != nullptr && opening.mode->access != platform::Access::append;
 }
 
 void replaceDrive(const Opening& opening) {
@@ -40,6 +60,7 @@ void replaceDrive(const Opening& opening) {
 
 Next attemptInput(Opening& opening) {
     opening.existed = platform::inputExists(opening.name.view());
+    if (opening.existed && opening.typed) checkTypedInput(opening.name.view());
     if (opening.existed) return Next::openInput;
     openerLine(" CHECK 0008 - \"", opening.name.view(), "\" cannot be found");
     return Next::askForName;
@@ -50,7 +71,10 @@ Next attemptOutput(Opening& opening) {
     platform::FileIdentity identity;
     const bool known = platform::identify(opening.name.view(), identity);
     const int openUnit = known ? unitOf(identity) : 0;
-    if (openUnit == 0 || mayBeOpenTwice(opening.modeCode)) return Next::openOutput;
+    if (openUnit == 0 || mayBeOpenTwice(opening.modeCode)) {
+        if (known && cutsFile(opening) && isInputOfRun(identity)) stopAtInput(opening.name.view());
+        return Next::openOutput;
+    }
     if (!askToClose(opening.name.view())) return Next::askForName;
     if (!closeUnderOwner(*findUnit(openUnit))) stopWithText("  Unable to close file.");
     return Next::openOutput;
@@ -70,15 +94,12 @@ bool openedByPlatform(const Opening& opening) {
     // A host's own number may still have a file, which is complete before the next one takes over.
     const Path before = unitName(opening.unit);
     if (!closeFileOf(*unit)) stopWritingFile(before);
-    const OpenMode& mode = *opening.mode;
-    const auto handle = platform::openFile(opening.name.view(), mode.access, mode.sharing);
-    if (handle == platform::kNoFile) return false;
-    attachFile(*unit, handle, mode, opening.name.view());
-    return true;
+    return openOnSystem(*unit, opening.name.view(), *opening.mode);
 }
 
 void openInput(const Opening& opening) {
     if (!openedByPlatform(opening)) stopOpeningFile(opening.name.view());
+    noteInput(fileOf(opening.unit).identity);
     openerUnitLine("OK. Opened File Unit:", opening.unit);
     if (openerSettings.copyMode) copyInput(opening.name);
 }
@@ -123,8 +144,10 @@ void openUnit(int& unit, std::string_view mode, std::string_view name) {
 void openOnUnit(int& unit, TextRef name, std::string_view mode, std::string_view label) {
     Opening opening{unit, name, mode, findOpenMode(mode)};
     Next next;
-    while ((next = attempt(opening)) == Next::askForName)
+    while ((next = attempt(opening)) == Next::askForName) {
         askForName(name, withoutTrailingBlanks(label));
+        opening.typed = true;
+    }
     if (next == Next::openInput) {
         openInput(opening);
     } else {

@@ -20,8 +20,14 @@ enum class Access {
     readWrite,  ///< kept, or created; both read and written
 };
 
-/// Whether others may have the file open meanwhile. Only Windows knows the difference.
-enum class Sharing { full, refuseWriters };
+/// Whether others may have the file open meanwhile. An output that another run is writing isn't
+/// opened, nor cut: on POSIX an advisory lock tells the runs from each other, where the file is a
+/// regular one and its file system has locks.
+enum class Sharing {
+    full,
+    refuseWriters,  ///< on Windows nobody else may write to it
+    ownUnits,       ///< no other run, but further units of this program, which open it with `full`
+};
 
 using FileHandle = std::intptr_t;
 inline constexpr FileHandle kNoFile = -1;
@@ -37,6 +43,9 @@ struct FileIdentity {
 /// its exact spelling stands for the only file of that folder that differs in case alone.
 [[nodiscard]] FileHandle openFile(std::string_view name, Access access, Sharing sharing);
 [[nodiscard]] bool closeFile(FileHandle file);
+/// A second handle that holds whatever lock the first one has, also when that is closed; kNoFile at
+/// a failure.
+[[nodiscard]] FileHandle duplicateHandle(FileHandle file);
 
 /// Reads at most `size` bytes. Gives their number, 0 at the end of the file, -1 at a failure.
 [[nodiscard]] std::int64_t readFile(FileHandle file, char* out, std::size_t size);
@@ -55,6 +64,8 @@ struct FileIdentity {
 [[nodiscard]] bool inputExists(std::string_view name);
 /// False when there is no such file.
 [[nodiscard]] bool identify(std::string_view name, FileIdentity& identity);
+/// The same for a name that is to be read, found as openFile finds it.
+[[nodiscard]] bool identifyInput(std::string_view name, FileIdentity& identity);
 [[nodiscard]] bool identify(FileHandle file, FileIdentity& identity);
 
 /// Reads at most `size` bytes of standard input: their number, 0 at its end or at a failure.

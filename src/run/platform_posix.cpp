@@ -1,5 +1,6 @@
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -52,10 +53,11 @@ std::string inputName(std::string_view name) {
     return matches == 1 ? match : result;
 }
 
+// A file that is to be replaced is cut once it is known that nobody else is writing it.
 int openFlags(Access access) {
     switch (access) {
         case Access::read: return O_RDONLY;
-        case Access::replace: return O_WRONLY | O_CREAT | O_TRUNC;
+        case Access::replace: return O_WRONLY | O_CREAT;
         case Access::keep: return O_WRONLY | O_CREAT;
         case Access::append: return O_WRONLY | O_CREAT | O_APPEND;
         case Access::readWrite: return O_RDWR | O_CREAT;
@@ -90,6 +92,36 @@ ssize_t readOnce(int file, char* out, std::size_t size) {
     return count;
 }
 
+// A signal that the program takes no notice of can interrupt an open on a slow file system.
+int openRetried(const std::string& path, int flags) {
+    int file;
+    do {
+        file = open(path.c_str(), flags | O_CLOEXEC, 0666);
+    } while (file < 0 && errno == EINTR);
+    return file;
+}
+
+bool isRegular(int file) {
+    struct stat status {};
+    return fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+// Only a lock that another program holds counts; where there are no locks the file goes without.
+bool lockedByAnother(int file) {
+    int result;
+    do {
+        result = flock(file, LOCK_EX | LOCK_NB);
+    } while (result != 0 && errno == EINTR);
+    return result != 0 && errno == EWOULDBLOCK;
+}
+
+// What has to be done to a file that was opened for output; false when it can't be had.
+bool prepareOutput(int file, Access access, Sharing sharing) {
+    if (!isRegular(file)) return true;
+    if (sharing != Sharing::full && lockedByAnother(file)) return false;
+    return access != Access::replace || ftruncate(file, 0) == 0;
+}
+
 // Where the program was started with a standard stream closed, the first file gets that stream's
 // number, and what is meant for the console would land in the file.
 int behindStandardStreams(int file) {
@@ -101,9 +133,16 @@ int behindStandardStreams(int file) {
 
 }  // namespace
 
-FileHandle openFile(std::string_view name, Access access, Sharing /*sharing*/) {
+FileHandle openFile(std::string_view name, Access access, Sharing sharing) {
     const std::string path = access == Access::read ? inputName(name) : systemName(name);
-    return behindStandardStreams(open(path.c_str(), openFlags(access) | O_CLOEXEC, 0666));
+    const int file = behindStandardStreams(openRetried(path, openFlags(access)));
+    if (file < 0 || access == Access::read || prepareOutput(file, access, sharing)) return file;
+    close(file);
+    return kNoFile;
+}
+
+FileHandle duplicateHandle(FileHandle file) {
+    return fcntl(descriptor(file), F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
 }
 
 bool closeFile(FileHandle file) {
@@ -144,6 +183,10 @@ bool identify(std::string_view name, FileIdentity& identity) {
     if (stat(systemName(name).c_str(), &status) != 0) return false;
     identity = identityOf(status);
     return true;
+}
+
+bool identifyInput(std::string_view name, FileIdentity& identity) {
+    return identify(inputName(name), identity);
 }
 
 bool identify(FileHandle file, FileIdentity& identity) {

@@ -74,6 +74,17 @@ bool writeAll(HANDLE file, const char* bytes, std::size_t size) {
     return true;
 }
 
+// Locks a byte far behind the end of any file: nothing is kept from reading or writing, but the
+// next program that wants the same byte knows.
+bool lockedByAnother(HANDLE file) {
+    OVERLAPPED place{};
+    place.OffsetHigh = 0x7FFFFFFF;
+    if (LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place))
+        return false;
+    const DWORD error = GetLastError();
+    return error == ERROR_LOCK_VIOLATION || error == ERROR_IO_PENDING;
+}
+
 bool identifyHandle(HANDLE file, FileIdentity& identity) {
     BY_HANDLE_FILE_INFORMATION information;
     if (!GetFileInformationByHandle(file, &information)) return false;
@@ -160,10 +171,21 @@ bool isQuotable(std::string_view name) {
 FileHandle openFile(std::string_view name, Access access, Sharing sharing) {
     const auto [rights, disposition] = creationFor(access);
     const DWORD others =
-        sharing == Sharing::full ? FILE_SHARE_READ | FILE_SHARE_WRITE : FILE_SHARE_READ;
-    return reinterpret_cast<FileHandle>(CreateFileW(systemName(name).c_str(), rights, others,
-                                                    nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
-                                                    nullptr));
+        sharing == Sharing::refuseWriters ? FILE_SHARE_READ : FILE_SHARE_READ | FILE_SHARE_WRITE;
+    const HANDLE file = CreateFileW(systemName(name).c_str(), rights, others, nullptr, disposition,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE || sharing != Sharing::ownUnits || !lockedByAnother(file))
+        return reinterpret_cast<FileHandle>(file);
+    CloseHandle(file);
+    return kNoFile;
+}
+
+FileHandle duplicateHandle(FileHandle file) {
+    const HANDLE self = GetCurrentProcess();
+    HANDLE twin = INVALID_HANDLE_VALUE;
+    if (!DuplicateHandle(self, handleOf(file), self, &twin, 0, FALSE, DUPLICATE_SAME_ACCESS))
+        return kNoFile;
+    return reinterpret_cast<FileHandle>(twin);
 }
 
 bool closeFile(FileHandle file) {
@@ -214,6 +236,10 @@ bool identify(std::string_view name, FileIdentity& identity) {
     const bool identified = identifyHandle(file, identity);
     CloseHandle(file);
     return identified;
+}
+
+bool identifyInput(std::string_view name, FileIdentity& identity) {
+    return identify(name, identity);
 }
 
 bool identify(FileHandle file, FileIdentity& identity) {

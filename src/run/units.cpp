@@ -7,6 +7,7 @@
 
 #include "run/console.h"
 #include "run/opener_settings.h"
+#include "run/run_inputs.h"
 #include "run/stop.h"
 #include "run/unit_writing.h"
 
@@ -36,6 +37,7 @@ OpenerSettings openerSettings;
 
 void initialiseUnits(int base) {
     openerSettings = {};
+    forgetInputs();
     table.base = std::clamp(base, kLowestBase, std::numeric_limits<int>::max() - kUnitCount);
     table.spares.clear();
     table.spares.reserve(kUnitCount);  // so that closing a file needs no memory
@@ -71,11 +73,27 @@ int unitOf(const platform::FileIdentity& identity) {
     return 0;
 }
 
+bool openOnSystem(Unit& unit, std::string_view name, const OpenMode& mode) {
+    platform::FileIdentity identity;
+    const bool known = !mode.input && platform::identify(name, identity);
+    const int other = known ? unitOf(identity) : 0;
+    const auto sharing = other != 0 ? platform::Sharing::full : mode.sharing;
+    const auto handle = platform::openFile(name, mode.access, sharing);
+    if (handle == platform::kNoFile) return false;
+    attachFile(unit, handle, mode, name);
+    if (other == 0) return true;
+    const OpenFile& first = fileOf(other);
+    const auto holder = first.lock != platform::kNoFile ? first.lock : first.handle;
+    unit.file->lock = platform::duplicateHandle(holder);
+    return true;
+}
+
 void attachFile(Unit& unit, platform::FileHandle handle, const OpenMode& mode,
                 std::string_view name) {
     unit.file = newOpenFile();
     OpenFile& file = *unit.file;
     file.handle = handle;
+    file.lock = platform::kNoFile;
     file.mode = &mode;
     if (!platform::identify(handle, file.identity)) file.identity = {};
     file.name = name;
@@ -103,6 +121,8 @@ bool closeUnderOwner(Unit& unit) {
     const bool written = flushFile(file);
     const bool closed = platform::closeFile(file.handle);
     file.handle = platform::kNoFile;
+    if (file.lock != platform::kNoFile) static_cast<void>(platform::closeFile(file.lock));
+    file.lock = platform::kNoFile;
     return file.mode->input || (written && closed);
 }
 

@@ -20,6 +20,7 @@ inline constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
 /// yet taken; writing, `end` is where the next byte goes.
 struct OpenFile {
     platform::FileHandle handle = platform::kNoFile;  ///< kNoFile: closed under its owner
+    platform::FileHandle lock = platform::kNoFile;    ///< holds the lock of an earlier unit
     const OpenMode* mode = nullptr;
     platform::FileIdentity identity;
     Path name;  ///< as it was opened
@@ -59,6 +60,11 @@ OpenFile& fileOf(int unit);
 
 /// The unit on which a file is open, 0 if it is on none. Files are compared, not spellings.
 int unitOf(const platform::FileIdentity& identity);
+
+/// Opens a file and ties it to a unit; false when the system refuses. A further unit for an output
+/// that is open on one of this program's takes no lock of its own, or the program would lock itself
+/// out, but shares that of the first.
+[[nodiscard]] bool openOnSystem(Unit& unit, std::string_view name, const OpenMode& mode);
 
 /// Ties an opened file to a unit.
 void attachFile(Unit& unit, platform::FileHandle handle, const OpenMode& mode,
