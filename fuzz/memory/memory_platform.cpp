@@ -114,6 +114,13 @@ FileHandle openFile(std::string_view name, Access access, Sharing /*sharing*/) {
     return handle;
 }
 
+// Nobody else has a file of this system open, so no lock needs to be held.
+FileHandle duplicateHandle(FileHandle /*file*/) {
+    return kNoFile;
+}
+
+void bringToOneForm(Path& /*a*/, Path& /*b*/) {}
+
 bool closeFile(FileHandle file) {
     const memory::Aside aside;
     Stream& stream = streamOf(file);
@@ -190,8 +197,17 @@ bool identify(std::string_view name, FileIdentity& identity) {
     return true;
 }
 
+bool identifyInput(std::string_view name, FileIdentity& identity) {
+    return identify(name, identity);
+}
+
 bool identify(FileHandle file, FileIdentity& identity) {
     identity.index = reinterpret_cast<std::uintptr_t>(streamOf(file).bytes);
+    return true;
+}
+
+bool takeArguments(int count, char** values, std::vector<std::string>& arguments) {
+    arguments.assign(values, values + count);
     return true;
 }
 

@@ -10,6 +10,7 @@
 #include "run/console.h"
 #include "run/messages.h"
 #include "run/opener.h"
+#include "run/platform.h"
 #include "run/stop.h"
 #include "run/unit_writing.h"
 #include "text/paths.h"
@@ -59,7 +60,10 @@ void nameSection(CrossSections& run) {
 
 // A relative name lies beside the archive.
 Path sectionPath(const CrossSections& run) {
-    Path path = joinedPath(folderOf(run.archivePath), run.strings.object.name);
+    Path folder = folderOf(run.archivePath);
+    Path name = run.strings.object.name.view();
+    platform::bringToOneForm(folder, name);
+    Path path = joinedPath(folder, name);
     if (!hasExtension(path, ".csv")) path += ".csv";
     return path;
 }

@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <new>
+#include <string>
 #include <vector>
 
 #include "convert/conversions.h"
@@ -12,6 +13,7 @@
 #include "gis/layers.h"
 #include "run/console.h"
 #include "run/messages.h"
+#include "run/platform.h"
 #include "run/run_inputs.h"
 #include "run/stop.h"
 #include "run/units.h"
@@ -121,7 +123,10 @@ void runProgram(std::span<const std::string_view> arguments) {
 
 void runProgram(int count, char** values) {
     runGuarded([&] {
-        const std::vector<std::string_view> arguments(values, values + count);
+        std::vector<std::string> texts;
+        if (!platform::takeArguments(count, values, texts))
+            stopWith("", "ERROR - An argument is not valid text.");
+        const std::vector<std::string_view> arguments(texts.begin(), texts.end());
         runWith(arguments);
     });
 }

@@ -3,7 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "text/text.h"
 
@@ -39,6 +41,10 @@ struct FileIdentity {
     bool operator==(const FileIdentity&) const = default;
 };
 
+/// Two names that are going to be joined: where the system's texts have more than one form both get
+/// the same.
+void bringToOneForm(Path& a, Path& b);
+
 /// Opens a file; kNoFile when the system refuses. With Access::read a name that doesn't exist under
 /// its exact spelling stands for the only file of that folder that differs in case alone.
 [[nodiscard]] FileHandle openFile(std::string_view name, Access access, Sharing sharing);
@@ -67,6 +73,10 @@ struct FileIdentity {
 /// The same for a name that is to be read, found as openFile finds it.
 [[nodiscard]] bool identifyInput(std::string_view name, FileIdentity& identity);
 [[nodiscard]] bool identify(FileHandle file, FileIdentity& identity);
+
+/// The arguments of main, the program's own path first, as its user named them. False when one is
+/// no text.
+[[nodiscard]] bool takeArguments(int count, char** values, std::vector<std::string>& arguments);
 
 /// Reads at most `size` bytes of standard input: their number, 0 at its end or at a failure.
 [[nodiscard]] std::size_t readStandardInput(char* out, std::size_t size);
