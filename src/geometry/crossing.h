@@ -19,7 +19,7 @@ float sameSide(Coordinate ax, Coordinate ay, Coordinate bx, Coordinate by, Coord
 }
 
 /// The segments a-b and c-d meet. Touching counts, and so do any two segments of one line, however
-/// far apart: no side of it tells them from each other.
+/// far apart: all four points are on that line, which counts as touching.
 template <typename Coordinate>
 bool segmentsMeet(Coordinate ax, Coordinate ay, Coordinate bx, Coordinate by, Coordinate cx,
                   Coordinate cy, Coordinate dx, Coordinate dy) {

@@ -8,7 +8,8 @@ namespace vantelgis {
 // copyRoot and every output goes there.
 
 /// Copies the input `name` that was just opened, with all files of its base name unless copyExact
-/// is set, and sets copyLast. A copy that can't be made stops the run.
+/// is set, and sets copyLast. Of a file whose extension begins with .xf, `name` becomes the base
+/// name alone. A copy that can't be made stops the run.
 void copyInput(TextRef name);
 
 /// Turns the name of an output into its place in the copy tree, whose folder is made, and sets

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::size_t kNumberColumns = 6;
 
-// The first word tells the kind; the message's number stands in the six columns from numberColumn.
+// The first word gives the kind; the message's number stands in the six columns from numberColumn.
 struct FirstWord {
     std::string_view word;
     MessageKind kind;

@@ -6,6 +6,7 @@ namespace {
 
 using enum platform::Access;
 using enum Content;
+using enum Manner;
 constexpr auto kShared = platform::Sharing::full;
 constexpr auto kAlone = platform::Sharing::refuseWriters;
 constexpr auto kOwnUnits = platform::Sharing::ownUnits;
@@ -15,9 +16,9 @@ constexpr OpenMode kModes[] = {
     {"UI", true, read, kShared, unformattedRecords},
     {"BI", true, read, kShared, littleEndianBytes},
     {"BE", true, read, kShared, bigEndianBytes},
-    {"O ", false, replace, kAlone, textLines},
-    {"F ", false, replace, kAlone, textLines},
-    {"A ", false, append, kShared, textLines},
+    {"O ", false, replace, kAlone, textLines, inBlocks},
+    {"F ", false, replace, kAlone, textLines, inBlocks},
+    {"A ", false, append, kShared, textLines, givesUp},
     {"S ", false, keep, kShared, textLines},
     {"UO", false, replace, kAlone, unformattedRecords},
     {"BO", false, replace, kAlone, littleEndianBytes},
@@ -25,7 +26,7 @@ constexpr OpenMode kModes[] = {
     {"AB", false, append, kShared, littleEndianBytes},
     {"SB", false, keep, kOwnUnits, littleEndianBytes},
     {"SE", false, keep, kOwnUnits, bigEndianBytes},
-    {"IO", false, readWrite, kShared, textLines},
+    {"IO", false, readWrite, kShared, textLines, silent},
 };
 
 }  // namespace

@@ -14,6 +14,14 @@ enum class Content {
     bigEndianBytes,      ///< a byte stream whose numbers have their high byte first
 };
 
+/// How the opener goes about a file of a mode.
+enum class Manner {
+    usual,     ///< a file that is open is closed first; one that can't be opened is tried again
+    inBlocks,  ///< the same; the opener's blockSize counts
+    givesUp,   ///< an older file that can't be opened is left alone, and no unit is allocated
+    silent,    ///< one try, without a word on what came of it
+};
+
 /// One of the fifteen open modes.
 struct OpenMode {
     std::string_view code;      ///< two characters, compared exactly
@@ -21,6 +29,7 @@ struct OpenMode {
     platform::Access access;    ///< what happens to an existing file
     platform::Sharing sharing;  ///< whether others may write to it meanwhile
     Content content;
+    Manner manner = Manner::usual;
 };
 
 /// The mode of that code, null for an unknown one.

@@ -39,6 +39,7 @@ void checkTypedInput(std::string_view name) {
     if (openUnit != 0 && !fileOf(openUnit).mode->input) stopAtInput(name);
 }
 
+// Also of an unknown mode, whose file is looked at before the mode.
 bool mayBeOpenTwice(std::string_view modeCode) {
     return modeCode.starts_with('A') || modeCode.starts_with('S');
 }
@@ -110,22 +111,22 @@ void openOutput(const Opening& opening) {
                    opening.name.view().substr(0, 80));
         return;
     }
-    if (opening.modeCode == "IO") {
+    const Manner manner = opening.mode->manner;
+    if (manner == Manner::silent) {
         openedByPlatform(opening);
         return;
     }
     if (openerSettings.copyMode) redirectOutput(opening.name);
     bool folderMade = false;
     while (!openedByPlatform(opening)) {
-        if (opening.modeCode == "A " && opening.existed) {
+        if (manner == Manner::givesUp && opening.existed) {
             openerLine("FAILED.  No File Unit allocated.");
             opening.unit = 0;
             return;
         }
         waitForOutput(opening.name.view(), folderMade);
     }
-    if (opening.modeCode == "O " || opening.modeCode == "F ")
-        setBlockSize(opening.unit, openerSettings.blockSize);
+    if (manner == Manner::inBlocks) setBlockSize(opening.unit, openerSettings.blockSize);
     openerUnitLine("OK.  File Unit:", opening.unit);
 }
 

@@ -61,7 +61,7 @@ void bringToOneForm(Path& a, Path& b);
 [[nodiscard]] bool seekFile(FileHandle file, std::int64_t position);
 /// Cuts the file to nothing and moves to its start.
 [[nodiscard]] bool emptyFile(FileHandle file);
-/// The file's length in bytes, -1 when it can't be told.
+/// The file's length in bytes, -1 when the system doesn't know it.
 [[nodiscard]] std::int64_t fileSize(FileHandle file);
 
 /// A file, not a folder, of exactly this name is there.
@@ -80,11 +80,11 @@ void bringToOneForm(Path& a, Path& b);
 
 /// Reads at most `size` bytes of standard input: their number, 0 at its end or at a failure.
 [[nodiscard]] std::size_t readStandardInput(char* out, std::size_t size);
-/// Writes to standard output. What the system refuses is lost: there is nowhere to tell it.
+/// Writes to standard output. What the system refuses is lost: there is nowhere to report it.
 void writeStandardOutput(const char* bytes, std::size_t size);
 /// Has the process outlive a write that the system refuses: to a standard output that nobody reads
 /// any more, as files that are being written must be finished all the same, or to a file at the
-/// largest size that is allowed, as that has to be told. Once, at the start of a program.
+/// largest size that is allowed, as that has to be reported. Once, at the start of a program.
 void outliveRefusedWrites();
 [[nodiscard]] bool standardOutputIsTerminal();
 /// The line end of the platform's console.

@@ -67,7 +67,7 @@ void writeConsole(HANDLE console, std::string_view text) {
     }
 }
 
-// A command of cmd.exe, which neither shows a window nor asks nor tells anything.
+// A command of cmd.exe, which shows no window, asks nothing and prints nothing.
 int runCommand(const std::wstring& command) {
     wchar_t folder[MAX_PATH];
     if (GetSystemDirectoryW(folder, MAX_PATH) == 0) return kNotStarted;

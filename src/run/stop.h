@@ -6,8 +6,8 @@
 
 namespace vantelgis {
 
-// The ends of a run. Each writes out and closes every open file first, and the process always ends
-// with status 0: a failure is told in words.
+// The ends of a run. Each writes out and closes every open file first, and the process ends with
+// status 0 in every case: a failure shows in words alone.
 
 /// The end without a prompt.
 [[noreturn]] void endRun();

@@ -32,7 +32,7 @@ bool refill(OpenFile& file, std::size_t keepFrom) {
     }
     file.ended = true;
     file.failed = count < 0;
-    file.failureTold = false;
+    file.failureGiven = false;
     return false;
 }
 
@@ -41,12 +41,12 @@ bool hasBytes(OpenFile& file) {
 }
 
 ReadResult endOrFailure(OpenFile& file) {
-    file.failureTold = file.failed;
+    file.failureGiven = file.failed;
     return file.failed ? ReadResult::failed : ReadResult::end;
 }
 
 void moveTo(OpenFile& file, std::int64_t position) {
-    file.failureTold = false;
+    file.failureGiven = false;
     const std::int64_t bufferEnd = file.bufferStart + static_cast<std::int64_t>(file.end);
     if (position >= file.bufferStart && position <= bufferEnd) {
         file.begin = static_cast<std::size_t>(position - file.bufferStart);
@@ -118,7 +118,7 @@ ReadResult readLine(int unit, std::string_view& line) {
 // what could not be read.
 bool atEnd(int unit) {
     OpenFile& file = readableFile(unit);
-    return !hasBytes(file) && (!file.failed || file.failureTold);
+    return !hasBytes(file) && (!file.failed || file.failureGiven);
 }
 
 void rewindUnit(int unit) {

@@ -39,7 +39,7 @@ ReadResult readBytes(int unit, void* out, std::size_t size);
 ReadResult skipBytes(int unit, std::int64_t count);
 
 /// A view of the next bytes, at least 1 and at most `most` of them, which are then taken. Empty at
-/// the end of the file or at a failure; a further read tells which.
+/// the end of the file or at a failure; a further read shows which.
 std::string_view readSome(int unit, std::size_t most);
 
 /// One number in the byte order of the unit's mode.

@@ -11,7 +11,6 @@ bool flushFile(OpenFile& file) {
     if (file.handle == platform::kNoFile) file.failed = true;
     if (file.end > 0 && !file.failed)
         file.failed = !platform::writeFile(file.handle, file.buffer, file.end);
-    file.bufferStart += static_cast<std::int64_t>(file.end);
     file.end = 0;
     return !file.failed;
 }
@@ -79,7 +78,6 @@ bool emptyUnit(int unit) {
     if (!flushUnit(unit)) return false;
     OpenFile& file = fileOf(unit);
     file.failed = !platform::emptyFile(file.handle);
-    file.bufferStart = 0;
     return !file.failed;
 }
 

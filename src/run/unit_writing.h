@@ -24,7 +24,7 @@ bool flushFile(OpenFile& file);
 /// The file that a unit writes to, with room for `size` bytes in its buffer.
 OpenFile& makeRoom(int unit, std::size_t size);
 
-/// A place for at most `size` bytes; `commit` tells how far it was filled.
+/// A place for at most `size` bytes (up to kLargestReserve), and how far it was filled.
 inline char* reserve(int unit, std::size_t size) {
     OpenFile& file = makeRoom(unit, size);
     return file.buffer + file.end;

@@ -100,7 +100,7 @@ void attachFile(Unit& unit, platform::FileHandle handle, const OpenMode& mode,
     file.begin = file.end = 0;
     file.blockSize = kBufferSize;
     file.bufferStart = file.lineStart = 0;
-    file.ended = file.failed = file.ownerReports = false;
+    file.ended = file.failed = file.failureGiven = file.ownerReports = false;
 }
 
 void setBlockSize(int unit, int blockSize) {
@@ -129,8 +129,8 @@ bool closeUnderOwner(Unit& unit) {
 void closeAllUnits() {
     for (Unit& unit : table.units) {
         if (unit.file) {
-            const bool told = unit.file->failed;  // its owner has said so
-            if (!closeFileOf(unit) && !told)
+            const bool reported = unit.file->failed;  // by its owner
+            if (!closeFileOf(unit) && !reported)
                 consoleLine("\nERROR - Writing file ", table.spares.back()->name);
         }
         unit.used = false;

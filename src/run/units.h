@@ -16,8 +16,8 @@ namespace vantelgis {
 /// Size of a file's buffer in bytes.
 inline constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
 
-/// An open file with its buffer and its own position. Reading, `begin` to `end` are the bytes not
-/// yet taken; writing, `end` is where the next byte goes.
+/// An open file with its buffer. While reading, `begin` to `end` are the bytes in the buffer that
+/// are not yet taken; while writing, those up to `end` are not yet handed over.
 struct OpenFile {
     platform::FileHandle handle = platform::kNoFile;  ///< kNoFile: closed under its owner
     platform::FileHandle lock = platform::kNoFile;    ///< holds the lock of an earlier unit
@@ -26,20 +26,23 @@ struct OpenFile {
     Path name;  ///< as it was opened
     std::size_t begin = 0;
     std::size_t end = 0;
-    std::int64_t bufferStart = 0;         ///< file position of the buffer's first byte
-    std::int64_t lineStart = 0;           ///< file position of the line read last
-    bool ended = false;                   ///< the system has no further byte, or a read failed
-    bool failed = false;                  ///< a write, or a read, was refused
-    std::size_t blockSize = kBufferSize;  ///< bytes that are handed over together
-    bool failureTold = false;             ///< a failed read was given to its caller
-    bool ownerReports = false;            ///< its owner has a message of its own for a failed write
+    std::int64_t bufferStart = 0;  ///< reading: file position (from 0) of the buffer's first byte
+    std::int64_t lineStart = 0;    ///< reading: file position of the line read last
+    bool ended = false;            ///< reading: nothing comes behind the buffer's bytes
+    bool failed = false;           ///< the system refused a read, a write or a change of position
+    bool failureGiven = false;     ///< reading: the caller has got the failure as a result
+    std::size_t blockSize =
+        kBufferSize;            ///< writing: so many bytes or more are handed over at once
+    bool ownerReports = false;  ///< its owner has a message of its own for a failed write
     char buffer[kBufferSize];
 };
 
-/// A unit: the number that stands for an open file. The table has kUnitCount of them.
+/// A unit: the number that stands for a file. A unit in use may have none (its opening failed or
+/// was of an unknown mode), and a host may have one on a unit that is not in use, under its own
+/// number.
 struct Unit {
-    int number = 0;     ///< `fileUnit`
-    bool used = false;  ///< `fileUsed`
+    int number = 0;
+    bool used = false;
     std::unique_ptr<OpenFile> file;
 };
 
@@ -51,11 +54,11 @@ void initialiseUnits(int base);
 /// The lowest unit not in use, null if all are.
 Unit* freeUnit();
 
-/// The slot of a unit number, null if it is in no slot.
+/// The unit of that number, null if the table has none.
 Unit* findUnit(int unit);
 
-/// The file of a unit, which must have one. It may have been closed under its owner: its handle is
-/// then kNoFile.
+/// The file of a unit; a unit without one stops the run with stopReadingData. It may have been
+/// closed under its owner: its handle is then kNoFile.
 OpenFile& fileOf(int unit);
 
 /// The unit on which a file is open, 0 if it is on none. Files are compared, not spellings.
@@ -66,24 +69,24 @@ int unitOf(const platform::FileIdentity& identity);
 /// out, but shares that of the first.
 [[nodiscard]] bool openOnSystem(Unit& unit, std::string_view name, const OpenMode& mode);
 
-/// Ties an opened file to a unit.
+/// Ties a file that the platform has opened to a unit that has none.
 void attachFile(Unit& unit, platform::FileHandle handle, const OpenMode& mode,
                 std::string_view name);
 
-/// Has the bytes written to a unit handed over in blocks of this size; not above 0: as they best
-/// are.
+/// Has the bytes written to a unit handed over once there are `blockSize` of them, and not only
+/// when the buffer is full; at 0 or below nothing changes.
 void setBlockSize(int unit, int blockSize);
 
 /// Writes out and closes a unit's file, if it has one, without a line on the console. False when
 /// not everything could be written.
 bool closeFileOf(Unit& unit);
 
-/// The same under its owner, who keeps the unit: what it then reads stops the run with
-/// stopReadingData, what it writes counts as refused.
+/// The same for a unit that has a file and whose owner, who is not asked, keeps the number: reading
+/// it then stops the run with stopReadingData, and what is written to it counts as refused.
 bool closeUnderOwner(Unit& unit);
 
-/// Closes the files of all units in slot order, without a line on the console. A file that can't be
-/// written out is named in a line of its own.
+/// Closes the files of all units in the order of their numbers, which frees the units. The console
+/// gets a line only for a file whose last bytes can't be written, unless that was reported before.
 void closeAllUnits();
 
 /// The name behind a unit as it was opened; blank if it has no file.

@@ -59,7 +59,7 @@ const char* takePlainDecimal(const char* p, const char* end, Real& target) {
     return p;
 }
 
-// An item out of the range of from_chars, which doesn't tell an overflow from an underflow.
+// An item out of the range of from_chars, which has one error for both overflow and underflow.
 template <typename Real>
 bool convertExtreme(const std::string& item, Real& target) {
     Real value;

@@ -16,7 +16,7 @@ enum class Item {
     bad,        ///< the item is there but does not convert; the list stays in front of it
 };
 
-/// True when the reading may go on: the target is settled.
+/// True when the reading may go on: the target holds what it is to hold.
 constexpr bool taken(Item item) {
     return item == Item::value || item == Item::unchanged;
 }

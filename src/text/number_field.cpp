@@ -1,6 +1,7 @@
 #include "text/number_field.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -15,26 +16,11 @@ __extension__ using Wide = unsigned __int128;
 
 constexpr int kMaxDecimals = 19;
 constexpr int kMostDigits = 20;
-constexpr std::uint64_t kPowersOfTen[kMaxDecimals + 1] = {1,
-                                                          10,
-                                                          100,
-                                                          1000,
-                                                          10000,
-                                                          100000,
-                                                          1000000,
-                                                          10000000,
-                                                          100000000,
-                                                          1000000000,
-                                                          10000000000,
-                                                          100000000000,
-                                                          1000000000000,
-                                                          10000000000000,
-                                                          100000000000000,
-                                                          1000000000000000,
-                                                          10000000000000000,
-                                                          100000000000000000,
-                                                          1000000000000000000,
-                                                          10000000000000000000U};
+constexpr auto kPowersOfTen = [] {
+    std::array<std::uint64_t, kMaxDecimals + 1> powers{1};
+    for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
+    return powers;
+}();
 
 // The hundred pairs 00 to 99: two digits are written at a time.
 struct DigitPairs {

@@ -7,7 +7,6 @@
 #include "run/messages.h"
 #include "run/opener.h"
 #include "run/platform.h"
-#include "run/stop.h"
 #include "run/unit_writing.h"
 #include "support/in_process_run.h"
 #include "support/rows.h"
@@ -15,9 +14,14 @@
 namespace vantelgis {
 namespace {
 
-void openAndClose(std::string_view mode, std::string_view name) {
+int opened(std::string_view mode, std::string_view name) {
     int unit = 0;
     openUnit(unit, mode, name);
+    return unit;
+}
+
+void openAndClose(std::string_view mode, std::string_view name) {
+    int unit = opened(mode, name);
     closeUnit(unit);
 }
 
@@ -45,14 +49,12 @@ class BoxTest : public OpenerSettingsTest {
 TEST_F(OpenerSettingsTest, LogsWhatOpenerAndCloserPrint) {
     writeFile("in.txt", "x");
     const auto body = [] {
-        int log = 0;
-        openUnit(log, "O ", "log.txt");
-        openerSettings.logUnit = log;
+        openerSettings.logUnit = opened("O ", "log.txt");
         openAndClose("I ", "missing.txt");
         consoleLine("not a line of the opener");
     };
     const RunResult run = runInProcess(body, "in.txt\n");
-    const std::string lines =
+    std::string lines =
         " Trying to open file missing.txt... CHECK 0008 - \"missing.txt\" cannot be found\n"
         " Check file exists and press enter or enter another file name: "
         " Trying to open file in.txt...OK. Opened File Unit:1002\n"
@@ -60,10 +62,9 @@ TEST_F(OpenerSettingsTest, LogsWhatOpenerAndCloserPrint) {
     EXPECT_EQ(run.console, " Trying to open file log.txt...OK.  File Unit:1001\n" + lines +
                                "not a line of the opener\n");
     runInProcess([] {});  // closes the log
-    std::string logged = readFile("log.txt");
-    for (std::size_t at = 0; (at = logged.find("\r\n", at)) != std::string::npos;)
-        logged.erase(at, 1);
-    EXPECT_EQ(logged, lines);
+    for (std::size_t at = 0; (at = lines.find('\n', at)) != std::string::npos; at += 2)
+        lines.insert(at, "\r");
+    EXPECT_EQ(readFile("log.txt"), lines);
 }
 
 TEST_F(OpenerSettingsTest, StartsAnewWithEachRun) {
@@ -72,9 +73,10 @@ TEST_F(OpenerSettingsTest, StartsAnewWithEachRun) {
     set.inputDrive = 'q';
     set.blockSize = 1;
     set.copyLast = "x";
-    initialiseUnits(1000);
-    EXPECT_FALSE(set.boxMode || set.copyMode || set.autoFolders);
-    EXPECT_TRUE(set.inputDrive == ' ' && set.blockSize == 0 && set.copyLast.blank());
+    runInProcess([&] {
+        EXPECT_FALSE(set.boxMode || set.copyMode || set.autoFolders);
+        EXPECT_TRUE(set.inputDrive == ' ' && set.blockSize == 0 && set.copyLast.blank());
+    });
 }
 
 TEST_F(BoxTest, MovesNamesWithADriveToAnother) {
@@ -92,7 +94,7 @@ TEST_F(BoxTest, MovesNamesWithADriveToAnother) {
     EXPECT_TRUE(std::filesystem::exists("y:out.txt"));
 }
 
-TEST_F(BoxTest, AsksForAMissingInputAndClosesAnOpenFile) {
+TEST_F(BoxTest, AsksStopsAndPausesInBoxes) {
     const RunResult missing = inBoxMode([] { openAndClose("I ", "no.txt"); }, "r\nwhat\ncan\n");
     const std::string box =
         "\nHOST 7.1\nHOST FILE and/or path\nno.txt\ndoes not exist.\n Retry, Cancel? ";
@@ -102,34 +104,28 @@ TEST_F(BoxTest, AsksForAMissingInputAndClosesAnOpenFile) {
     EXPECT_TRUE(missing.ended);
 
     const auto openTwice = [] {
-        int unit = 0;
-        openUnit(unit, "O ", "a.txt");
-        openAndClose("BO", "./a.txt");
+        opened("O ", "a.txt");
+        opened("BO", "./a.txt");
     };
     const std::string question =
         "\n\nHOST 7.1\nHOST file \n./a.txt\nis already open.  Close it?\n Yes, No? ";
-    const RunResult yes = inBoxMode(openTwice, "\n");
-    EXPECT_TRUE(holds(yes.console, question + "OK.  File Unit:1002\n"));
-    const RunResult no = inBoxMode(openTwice, "no\nok\n");
-    EXPECT_TRUE(no.console.ends_with(question +
-                                     "\nHOST\nPremature Exit of HOST Simulation 7.1\n\nPress OK to "
-                                     "Close Simulation Window\n OK? "));
-}
-
-TEST_F(BoxTest, StopsAndPausesInBoxes) {
-    const RunResult empty = inBoxMode([] { openAndClose("I ", "  "); }, {});
-    EXPECT_EQ(empty.console,
+    EXPECT_TRUE(holds(inBoxMode(openTwice, "\n").console, question + "OK.  File Unit:1002\n"));
+    EXPECT_TRUE(inBoxMode(openTwice, "no\nok\n")
+                    .console.ends_with(question +
+                                       "\nHOST\nPremature Exit of HOST Simulation 7.1\n\nPress OK "
+                                       "to Close Simulation Window\n OK? "));
+    EXPECT_EQ(inBoxMode([] { opened("I ", "  "); }, {}).console,
               "\nHOST\nEmpty filename specified.  Bailing out.  Please contact "
               "support@vantelgis.example.\n OK? \n");
-    const RunResult pause = inBoxMode([] { pauseRun(); }, "later\nOK\n");
-    const std::string box =
+    const RunResult pause = inBoxMode(pauseRun, "later\nOK\n");
+    const std::string paused =
         "\nHOST\nHOST Simulation 7.1 paused\n\nRefer to Simulation Window\n\nPress OK to "
         "Continue\n OK? ";
-    EXPECT_EQ(pause.console, box + box);
+    EXPECT_EQ(pause.console, paused + paused);
     EXPECT_FALSE(pause.ended);
 }
 
-TEST_F(BoxTest, MakesAMissingFolderOnRequestOrByItself) {
+TEST_F(BoxTest, MakesAMissingFolderAndWaitsForALockedOutput) {
     const auto open = [] { openAndClose("O ", "a\\b\\out.txt"); };
     const RunResult cancelled = inBoxMode(open, "y\nn\nc\n");
     EXPECT_TRUE(cancelled.ended);
@@ -149,24 +145,20 @@ TEST_F(BoxTest, MakesAMissingFolderOnRequestOrByItself) {
     EXPECT_TRUE(made.console.starts_with(
         " Trying to open file c/d/out.txt...Can't Open\nOK.  File Unit:1001\n"));
     EXPECT_TRUE(holds(made.console, "file a/b...Can't Open\nCan't Open\n\n Can't open: a/b\n"));
-}
 
-TEST_F(BoxTest, WaitsForALockedOutput) {
-    const std::filesystem::path running = "/proc/self/exe";  // nobody may write to it
-    if (!std::filesystem::exists(running)) GTEST_SKIP() << "needs /proc";
-    const RunResult run = inBoxMode([&] { openAndClose("O ", running.string()); }, "\nc\n");
+    const std::string running = "/proc/self/exe";  // nobody may write to it
+    if (!std::filesystem::exists(running)) return;
+    const RunResult locked = inBoxMode([&] { opened("O ", running); }, "\nc\n");
     const std::string box =
         "Can't Open\n\nHOST 7.1\n/proc/self/exe\n\nAbove file is locked by another application.\n\n"
         "Close the file in the other application and press Retry.\n Retry, Cancel? ";
-    EXPECT_EQ(run.console, " Trying to open file /proc/self/exe..." + box + box);
+    EXPECT_EQ(locked.console, " Trying to open file /proc/self/exe..." + box + box);
 }
 
 TEST_F(OpenerSettingsTest, HandsOverInBlocks) {
     runInProcess([] {
         openerSettings.blockSize = 512;
-        int blocks = 0, whole = 0;
-        openUnit(blocks, "F ", "blocks.txt");
-        openUnit(whole, "BO", "whole.txt");
+        const int blocks = opened("F ", "blocks.txt"), whole = opened("BO", "whole.txt");
         for (int i = 0; i < 20; ++i) {
             put(blocks, std::string(100, 'b'));
             put(whole, std::string(100, 'w'));
@@ -178,27 +170,25 @@ TEST_F(OpenerSettingsTest, HandsOverInBlocks) {
 }
 
 TEST_F(OpenerSettingsTest, GathersTheFilesOfARun) {
-    std::filesystem::create_directory("in");
-    std::filesystem::create_directory("in/group");
+    std::filesystem::create_directories("in/group");
     for (const char* name : {"in/a.mif", "in/a.mid", "in/ab.mif", "in/one.txt", "in/one.log",
                              "in/group/g.xf4", "in/group/g.dat", "in/g.dat"})
         writeFile(name, name);
-    std::string last;
-    const auto run = [&](bool exact, std::string_view mode, std::string_view name) {
+    const auto copyLast = [](bool exact, std::string_view mode, std::string_view name) {
+        Path last;
         runInProcess([&] {
             openerSettings.copyMode = true;
             openerSettings.copyExact = exact;
             openerSettings.copyRoot = "tree\\";
             openAndClose(mode, name);
-            last = openerSettings.copyLast.view();
+            last = openerSettings.copyLast;
         });
+        return last;
     };
-    run(false, "I ", "in\\a.mif");
-    EXPECT_EQ(last, "tree\\in\\a.mif");
-    run(true, "BI", "in\\one.txt");
-    run(false, "I ", "in\\group\\g.xf4");
-    run(false, "O ", "out\\new.csv");
-    EXPECT_EQ(last, "tree\\out\\new.csv");
+    copyLast(true, "BI", "in\\one.txt");
+    copyLast(false, "I ", "in\\group\\g.xf4");
+    EXPECT_EQ(copyLast(false, "I ", "in\\a.mif").view(), "tree\\in\\a.mif");
+    EXPECT_EQ(copyLast(false, "O ", "out\\new.csv").view(), "tree\\out\\new.csv");
 
     for (const char* name : {"in/a.mif", "in/a.mid", "in/one.txt", "in/group/g.xf4", "in/g.dat"})
         EXPECT_EQ(readFile("tree/" + std::string(name)), name);  // the last is the group's

@@ -24,6 +24,11 @@ std::string nextLine(int unit) {
     return std::to_string(line.size()) + line.back();
 }
 
+std::string nextTwo(int unit) {
+    const std::string first = nextLine(unit);
+    return first + nextLine(unit);
+}
+
 TEST(UnitReading, LineEnds) {
     withFile("a\n\r\nb\rc\r\r\n\nlast\r", "I ", [](int unit) {
         for (const std::string_view line : {"a", "", "b\rc\r", "", "last"}) {
@@ -61,25 +66,19 @@ TEST(UnitReading, LongLines) {
     for (const std::size_t size :
          {kLineCapacity - 1, kLineCapacity, kLineCapacity + 1, kBufferSize - 1, kBufferSize,
           kBufferSize + 1, 3 * kBufferSize}) {
-        const std::size_t kept = std::min(size, kLineCapacity);
-        const std::string expected = std::to_string(kept) + 'y';
-        const std::string last = std::to_string(kept) + 'z';
-        const auto next = [](int unit) {
-            const std::string first = nextLine(unit);
-            return first + ' ' + nextLine(unit);
+        const std::string kept = std::to_string(std::min(size, kLineCapacity));
+        const auto readAll = [&](int unit) {
+            EXPECT_FALSE(atEnd(unit));  // fills the buffer before the line is read
+            EXPECT_EQ(nextTwo(unit), kept + "ynext");
+            backspaceUnit(unit);
+            EXPECT_EQ(nextTwo(unit), "next" + kept + 'z');
+            EXPECT_TRUE(atEnd(unit));
+            backspaceUnit(unit);
+            EXPECT_EQ(nextLine(unit), kept + 'z');
+            rewindUnit(unit);
+            EXPECT_EQ(nextLine(unit), kept + 'y');
         };
-        withFile(std::string(size, 'y') + "\r\nnext\n" + std::string(size, 'z'), "I ",
-                 [&](int unit) {
-                     EXPECT_FALSE(atEnd(unit));  // fills the buffer before the line is read
-                     EXPECT_EQ(next(unit), expected + " next");
-                     backspaceUnit(unit);
-                     EXPECT_EQ(next(unit), "next " + last);
-                     EXPECT_TRUE(atEnd(unit));
-                     backspaceUnit(unit);
-                     EXPECT_EQ(nextLine(unit), last);
-                     rewindUnit(unit);
-                     EXPECT_EQ(next(unit), expected + " next");
-                 });
+        withFile(std::string(size, 'y') + "\r\nnext\n" + std::string(size, 'z'), "I ", readAll);
     }
 }
 

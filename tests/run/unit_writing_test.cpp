@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "run/console.h"
 #include "run/opener.h"
 #include "support/in_process_run.h"
 
@@ -34,6 +35,31 @@ TEST(UnitWriting, LosesNothingThatWasWritten) {
     EXPECT_NE(late.console.find("\n\nERROR - Writing file a\n"), std::string::npos);
 }
 
+TEST(UnitWriting, ComposesLinesOfAnyLengthInAnyRoom) {
+    const WorkFolder folder;
+    const std::string longText(3 * kLargestReserve, 't');
+    for (const std::size_t room : {std::size_t{0}, std::size_t{1}, std::size_t{200}}) {
+        runInProcess([&] {
+            int unit = 0;
+            openUnit(unit, "O ", "out");
+            for (int i = 0; i < 2; ++i) {
+                put(unit, "<");
+                OutputLine line(unit, room);
+                line.text("a ");
+                line.fixed(-1.5, 8, 3);
+                line.end();
+                line.integer(-7);
+                line.text(longText);
+                line.text({});
+                line.handOver();
+                put(unit, ">");
+            }
+        });
+        const std::string once = "<a   -1.500\r\n-7" + longText + ">";
+        EXPECT_EQ(readFile("out"), once + once) << room;
+    }
+}
+
 TEST(UnitWriting, KnowsNoUnitOutsideItsTable) {
     runInProcess([] {
         for (const int base : {1000, std::numeric_limits<int>::max()}) {
@@ -46,6 +72,26 @@ TEST(UnitWriting, KnowsNoUnitOutsideItsTable) {
             }
         }
     });
+}
+
+// What a host in one process is given of the console, and what it answers.
+std::string caught;
+
+TEST(Console, GoesToAHostAndAsksNobody) {
+    const auto run = runInProcess(
+        [] {
+            consoleText("before ");
+            setConsoleSink([](std::string_view text) { caught += text; });
+            setConsoleUnattended(true);
+            consoleLine("caught ", 12);
+            EXPECT_FALSE(consolePause("nobody there"));
+            setConsoleSink(nullptr);
+            setConsoleUnattended(false);
+            EXPECT_TRUE(consolePause("behind"));
+        },
+        "typed\n");
+    EXPECT_EQ(caught, "caught 12\nnobody there\n");
+    EXPECT_EQ(run.console, "before behind\n");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <string_view>
 
 namespace vantelgis {
@@ -16,6 +17,14 @@ void checkRows(Result result, Rows... rows) {
         const std::size_t at = row.find(kArrow);
         EXPECT_EQ(result(row.substr(0, at)), row.substr(at + kArrow.size())) << row;
     }
+}
+
+/// The number that a text is, 0 for none.
+template <typename Number>
+Number numberIn(std::string_view text) {
+    Number value{};
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    return value;
 }
 
 /// Whether `text` has `part` in it; a test that fails shows the whole of it.

@@ -1,10 +1,11 @@
+#include "toolkit/strings.h"
+
 #include <string>
 
 #include "support/rows.h"
 #include "text/paths.h"
 #include "toolkit/lines.h"
 #include "toolkit/paths.h"
-#include "toolkit/strings.h"
 
 namespace vantelgis {
 namespace {
@@ -28,35 +29,31 @@ TEST(Strings, Changes) {
               "\"\"\"abcdef -> \"\"\"\"\"\"abcd", "12345678 \" -> 12345678 \"");
     checkRows(changed<10, UPPERCASE>, "aZ[\xE4{z -> AZ[\xE4{Z");
     checkRows(changed<10, LOWERCASE>, "az[\xC4@A -> az[\xC4@a");
-}
-
-TEST(Strings, CleanNames) {
-    // The fill stands in front of the name; "0" there is the zero byte.
-    const auto only = [](std::string_view row) {
-        Text<12> out(row.substr(1));
-        const char fill = row.front() == '0' ? '\0' : row.front();
-        ALPHANUMERICONLY(out, out, {&fill, 1});
-        return std::string(out.view());
-    };
-    checkRows(only, "_a-b -> a_b", "0--- -> X", "0a-b c1 -> abc1", " -.- -> X", "_ -> X",
-              " C:\\flood\\l   -> C  flood l");
-    Text<12> out;
-    ALPHANUMERICONLY(out, "a-b", "");
-    EXPECT_EQ(out.view(), "a b");
-
-    const auto attribute = [](std::string_view s) {
-        Text<20> name;
-        CLEANATTRIBUTENAME(name, s, 10);
-        return std::string(name.view());
-    };
-    checkRows(attribute, "Max_h (m) -> Max_hm", "ABCDEFGHIJKL -> ABCDEFGHIJ", "() -> X");
-    EXPECT_EQ(attribute({"ID\0\0\0", 5}), "ID");
-    CLEANATTRIBUTENAME(out, "abc", -1);
-    EXPECT_EQ(out.view(), "X");
-
     Text<300> cut;
     SS256(cut, std::string(255, 'a') + " b");
     EXPECT_EQ(cut.size(), 255U);
+    Text<10> tabs("\t \t"), word("\ta");
+    EXPECT_TRUE(BLANK(tabs) && tabs.blank() && !BLANK(word));
+}
+
+TEST(Strings, CleanNames) {
+    // The fill stands in front of the name; "0" there is the zero byte, "-" stands for none.
+    const auto only = [](std::string_view row) {
+        Text<12> out(row.substr(1));
+        const char fill = row.front() == '0' ? '\0' : row.front();
+        ALPHANUMERICONLY(out, out, {&fill, fill == '-' ? 0U : 1U});
+        return std::string(out.view());
+    };
+    checkRows(only, "_a-b -> a_b", "0--- -> X", "0a-b c1 -> abc1", " -.- -> X", "_ -> X",
+              " C:\\flood\\l   -> C  flood l", "-a-b -> a b");
+    const auto attribute = [](std::string_view s) {
+        Text<20> name;
+        CLEANATTRIBUTENAME(name, s, s == "abc" ? -1 : 10);
+        return std::string(name.view());
+    };
+    checkRows(attribute, "Max_h (m) -> Max_hm", "ABCDEFGHIJKL -> ABCDEFGHIJ", "() -> X",
+              "abc -> X");
+    EXPECT_EQ(attribute({"ID\0\0\0", 5}), "ID");
 }
 
 // Compares two texts with a "|" between them.
@@ -64,14 +61,6 @@ std::string sameness(std::string_view both) {
     const auto [a, b, rest] = partsOf(both);
     if (ASAME(a, b) != ASAME(b, a)) return "depends on the order";
     return ASAMECS(a, b) ? "same" : ASAME(a, b) ? "other case" : "different";
-}
-
-TEST(Strings, Comparisons) {
-    checkRows(sameness, "\"TRUE\"|true -> other case", "a b|ab -> different",
-              " \" \t'a|a   -> same", "'abc '|abc -> same", "|\"\" -> same", "a| -> different",
-              "abc|abcd -> different", "\ta\tb|ab -> same", "a\"b|A'B -> other case");
-    const std::string thousand(1000, 'x');
-    EXPECT_TRUE(ASAMECS(thousand, thousand + "y"));
 }
 
 // What stands behind a flag that follows the line and a "|".
@@ -83,7 +72,12 @@ std::string behindFlag(std::string_view both) {
     return found ? '[' + std::string(rest.view()) + ']' : rest.blank() ? "none" : "rest not blank";
 }
 
-TEST(Strings, Flags) {
+TEST(Strings, ComparisonsAndFlags) {
+    checkRows(sameness, "\"TRUE\"|true -> other case", "a b|ab -> different",
+              " \" \t'a|a   -> same", "'abc '|abc -> same", "|\"\" -> same", "a| -> different",
+              "abc|abcd -> different", "\ta\tb|ab -> same", "a\"b|A'B -> other case");
+    const std::string thousand(1000, 'x');
+    EXPECT_TRUE(ASAMECS(thousand, thousand + "y"));
     checkRows(behindFlag, "String 2D {|2d -> [ {]", "String 2D {|2d   -> [ {]",
               "abAbaBc Rest|ABABC -> [ Rest]", "aab|AB -> []", "aab|b c -> none", "ab|abc -> none",
               "line| -> [line]", "line|    -> [line]", "| -> []", "|a -> none",
@@ -92,43 +86,15 @@ TEST(Strings, Flags) {
     const std::string capacity(kLineCapacity - 4, '.');
     EXPECT_TRUE(FLAGEXISTS(capacity + "FLAG", "flag"));
     EXPECT_FALSE(FLAGEXISTS(capacity + ".FLAG", "flag"));
-
-    Text<10> tabs("\t \t"), word("\ta");
-    EXPECT_TRUE(BLANK(tabs) && tabs.blank() && !BLANK(word));
-}
-
-// Text, what to find and its replacement, with a "|" between them; the text's capacity is 20.
-template <void (*kRoutine)(TextRef, std::string_view, std::string_view, std::string_view)>
-std::string replaced(std::string_view row) {
-    const auto [s, find, by] = partsOf(row);
-    Text<20> text(s);
-    kRoutine(text, text, find, by);
-    return std::string(text.view());
-}
-
-TEST(Strings, Replacements) {
-    checkRows(replaced<REPLACE>, "a null b NULL|null|-9 -> a -9 b NULL", "abc|x|y -> abc",
-              "abc|  |y -> abc", "abc|B  |12   -> a12c", "a null|null| -> a");
-    checkRows(replaced<REPLACEALL>, "a null b NULL|null|-99999 -> a -99999 b -99999",
-              "aaa|a|bc -> bcbcbc", "nnullull null x|NULL| ->   x", "a.b.c|.|.. -> a..b..c",
-              "xAx|a|a -> xax", "1234567890123456789a|a|bcd -> 1234567890123456789b",
-              "abc||x -> abc");
-    // The capacity of the result cuts what is left, not what goes in.
-    Text<4> narrow;
-    REPLACEALL(narrow, "aaaaaa1234", "a", "");
-    EXPECT_EQ(narrow.view(), "1234");
-    // Each step brings about the next; it must come to an end.
-    Text<4> growing;
-    REPLACEALL(growing, "aab", "ab", "bbaa");
 }
 
 TEST(Paths, Pieces) {
     checkRows(changed<1000, FILEEXT>, "site.v2\\model -> ", "A.MIF -> .mif", "a.b.C   -> .c",
-              "a/b. -> .", "noext -> ");
+              "a/b. -> .", "noext -> ", "a.mif_of_last_year -> .mif_of_last_year");
     checkRows(changed<1000, FILEEXTKC>, "A.MIF -> .MIF");
     checkRows(changed<1000, FILENAME>, "C:\\a\\b.c.d -> b.c", "C:\\a\\.hidden -> .hidden",
               ".hidden -> ", "readme -> readme", "C:\\a.b\\c -> c", "a/b\\c/d.e -> d",
-              "C:\\a\\ -> ");
+              "C:\\a\\ -> ", "a/b .mif -> b");
     checkRows(changed<1000, FILENAMEEXT>, "C:\\a/b.c.d -> b.c.d", "b.c -> b.c", "a\\ -> ");
     checkRows(changed<1000, FILENAMEPATH>, ".hidden -> .hidden", "C:\\a.b\\c -> C:\\a.b\\c",
               "C:\\a\\b.mif -> C:\\a\\b", "C:\\a\\.hidden -> C:\\a\\");
@@ -139,15 +105,7 @@ TEST(Paths, Pieces) {
               "x\\_site.shp -> ");
     checkRows(changed<1000, FILENAMEPATHNO_>, "C:\\x\\site_a_b.shp -> C:\\x\\site_a",
               "x_y\\site.shp -> x_y\\site", "_site.shp -> _site", "x\\_site.shp -> x\\");
-}
-
-TEST(Paths, DotDot) {
-    checkRows(changed<1000, REMOVEDOTDOT>, "a\\..\\b -> b", "..\\..\\b -> ..\\..\\b",
-              "..\\a\\..\\b -> ..\\b", "..\\..\\a\\..\\..\\b -> ..\\..\\..\\b",
-              "\\..\\b\\..\\c -> \\..\\b\\..\\c", "  C:\\a\\b\\..\\..\\c -> C:\\c",
-              "C:\\a\\\\\\b -> C:\\a\\b", "\\\\srv\\a\\\\b -> \\\\srv\\a\\\\b",
-              "\\\\srv\\a\\..\\b -> \\\\srv\\b", "C:\\a\\.\\.\\b -> C:\\a\\b",
-              "C:/a/../b -> C:/a/../b", "a\\.. -> a\\..");
+    EXPECT_TRUE(hasExtension("a.b/C.MiF  ", ".mif") && !hasExtension("a.mif0", ".mif"));
 }
 
 // Folder and name with a "|" between them.
@@ -158,25 +116,26 @@ std::string joined(std::string_view both) {
     return std::string(name.view());
 }
 
-TEST(Paths, FolderAndName) {
+std::string cleaned(std::string_view text) {
+    Path path(text), out;
+    CLEANPATH(out, path);
+    return std::string(out.view() == path.view() ? out.view() : "another result in place");
+}
+
+TEST(Paths, JoinedResolvedAndCleaned) {
+    checkRows(changed<1000, REMOVEDOTDOT>, "a\\..\\b -> b", "..\\..\\b -> ..\\..\\b",
+              "..\\a\\..\\b -> ..\\b", "..\\..\\a\\..\\..\\b -> ..\\..\\..\\b",
+              "\\..\\b\\..\\c -> \\..\\b\\..\\c", "  C:\\a\\b\\..\\..\\c -> C:\\c",
+              "C:\\a\\\\\\b -> C:\\a\\b", "\\\\srv\\a\\\\b -> \\\\srv\\a\\\\b",
+              "\\\\srv\\a\\..\\b -> \\\\srv\\b", "C:\\a\\.\\.\\b -> C:\\a\\b",
+              "C:/a/../b -> C:/a/../b", "a\\.. -> a\\..");
     checkRows(joined, "C:\\a\\|..\\b\\c.csv -> C:\\b\\c.csv", "C:\\a|D:\\x.csv -> D:\\x.csv",
               "C:\\a|\\\\srv\\x -> \\\\srv\\x", "C:\\a  |  x.csv   -> C:\\a\\x.csv",
               "C:\\a|\\x -> C:\\a\\x", "C:\\a|/x -> C:\\a\\/x",
               "/home/a/|../b.mif -> /home/a/../b.mif", "|x.csv -> x.csv", "C:\\a\\| -> C:\\a\\",
               "| -> .");
-    // A path that is too long is cut, wherever that falls.
-    const std::string folder(999, 'f');
+    const std::string folder(999, 'f');  // a path that is too long is cut, wherever that falls
     EXPECT_EQ(joined(folder + "|name"), folder + "\\");
-}
-
-std::string cleaned(std::string_view text) {
-    Path path(text);
-    Path out;
-    CLEANPATH(out, path);
-    return std::string(out.view() == path.view() ? out.view() : "another result in place");
-}
-
-TEST(Paths, CleanAndDrive) {
     checkRows(cleaned, "  a\\\\\\b -> a\\b", "a//b -> a/b", "\\\\srv\\\\b -> \\\\srv\\\\b",
               "\\\\srv//b -> \\\\srv/b", "//a\\\\b//c -> //a\\b//c", "a/\\b -> a/\\b");
     checkRows([](std::string_view path) { return std::string(driveAsFolder(path)); },

@@ -1,8 +1,14 @@
+#include "toolkit/geometry.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
-#include "toolkit/geometry.h"
+#include "support/in_process_run.h"
 
 namespace vantelgis {
 namespace {
@@ -15,11 +21,10 @@ TEST(Plane, DistancesAreZeroBelowAMillionthAndNarrowOnlyDifferences) {
     EXPECT_EQ(DISTANCE_8(0, 0, 12345.678, 9876.543), 0x1.ee1174p+13F);
     EXPECT_EQ(DISTANCE_8(6000000.125, 300000.0625, 6000000.5, 300000.5625), 0.625F);
     EXPECT_EQ(VECTOR_MAGNITUDE(-1e-6F, 1e-6F), 0);  // here the limit itself is nothing yet
+    EXPECT_EQ(VECTOR_MAGNITUDE(-3, 4), 5);
     EXPECT_TRUE(SAME_POINT(1, 1, 1.25F, 0.75F, 0.5F));
     EXPECT_FALSE(SAME_POINT_8(6000000.125, 1, 6000000.25, 1, 0.125));
-}
 
-TEST(Plane, AnglesAreTakenBetweenDirectionsFrom0To180) {
     EXPECT_EQ(ANGLE2D(1, 1, 3, 3, 0, 0, 5, 0), 45);
     EXPECT_EQ(ANGLE2D(0, 0, -1, 1, 0, 0, -1, -1), 90);  // 135 and -135 degrees
     EXPECT_EQ(ANGLE2D(0, 0, 0, 1, 0, 0, 1, 0), 0);
@@ -44,16 +49,108 @@ TEST(Plane, SegmentsAndLinesCrossAsInExactArithmetic) {
         EXPECT_EQ(INTERSECT_LINE_8(x1 + h, y1, x2 + h, y2, x3 + h, y3, x4 + h, y4), meet);
         EXPECT_EQ(INTERSECT_LINE_V2(x1, y1, x2, y2, x3, y3, x4, y4), code);
         EXPECT_EQ(INTERSECT_LINE_V2_8(x1 + h, y1, x2 + h, y2, x3 + h, y3, x4 + h, y4), code);
-        INTERSECTION_POINT(x1, y1, x2, y2, x3, y3, x4, y4, xi, yi);
-        INTERSECTION_POINT_8(x1 + h, y1, x2 + h, y2, x3 + h, y3, x4 + h, y4, xi8, yi8);
+        const bool parallel = code <= 0;
+        EXPECT_NE(INTERSECTION_POINT(x1, y1, x2, y2, x3, y3, x4, y4, xi, yi), parallel);
+        EXPECT_NE(INTERSECTION_POINT_8(x1 + h, y1, x2 + h, y2, x3 + h, y3, x4 + h, y4, xi8, yi8),
+                  parallel);
         EXPECT_TRUE(xi == x && yi == y && xi8 == x + h && yi8 == y) << xi << ' ' << yi8;
     }
-    float xi = 0, yi = 0;
-    EXPECT_FALSE(INTERSECTION_POINT(0, 0, 4, 2, 0, 1, 4, 3, xi, yi));
     EXPECT_EQ(SAME_SIDE(0, 0, 4, 0, 1, 2, 3, -5), -160);
     EXPECT_EQ(SAME_SIDE_8(6e6 + 0.125, 0, 6e6 + 0.25, 0, 6e6, 1, 6e6, 2), 0.03125F);
     EXPECT_TRUE(INTERSECT_POINT(0, 0, 4, 2, 8, 4));  // beyond b, yet on the line
     EXPECT_FALSE(INTERSECT_POINT(0, 0, 4, 2, 8, 5));
+}
+
+using Ring = std::vector<std::pair<int, int>>;
+const Ring kRings[] = {
+    {{0, 0}, {12, 0}, {12, 4}, {8, 4}, {12, 8}, {6, 6}, {4, 8}, {2, 6}, {0, 8}, {1, 4}},
+    {{3, 3}, {5, 1}, {7, 3}, {5, 5}}};
+
+struct RegionArrays {
+    std::vector<double> x, y;
+    std::vector<int> ends;
+
+    void add(const Ring& ring, std::size_t start, double east) {
+        for (std::size_t i = start; i < start + ring.size() + 2; ++i) {
+            x.push_back(ring[i % ring.size()].first + east);
+            y.push_back(ring[i % ring.size()].second);
+        }
+        ends.push_back(static_cast<int>(x.size()) - 1);
+    }
+    bool holds(double px, double py, bool narrow) const {
+        const int n = static_cast<int>(x.size()), count = static_cast<int>(ends.size());
+        if (!narrow) return INSIDE_POLYGON_8(px, py, x.data(), y.data(), n, 0, ends.data(), count);
+        const std::vector<float> fx(x.begin(), x.end()), fy(y.begin(), y.end());
+        const auto pxf = static_cast<float>(px), pyf = static_cast<float>(py);
+        return INSIDE_POLYGON(pxf, pyf, fx.data(), fy.data(), n, 0, ends.data(), count);
+    }
+};
+
+// Exact crossings to the right, of edges half-open in y; nothing on the boundary.
+std::optional<bool> holdsExactly(int x, int y) {
+    bool inside = false;
+    for (const Ring& ring : kRings) {
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            const auto& [ax, ay] = ring[i];
+            const auto& [bx, by] = ring[(i + 1) % ring.size()];
+            const int cross = (bx - ax) * (y - ay) - (x - ax) * (by - ay);
+            if (cross == 0 && (x - ax) * (x - bx) <= 0 && (y - ay) * (y - by) <= 0) return {};
+            if ((ay > y) != (by > y) && (cross > 0) == (by > ay)) inside = !inside;
+        }
+    }
+    return inside;
+}
+
+TEST(Region, HoldsItsPointsWhereverItsRingsBegin) {
+    for (std::size_t start = 0; start < 2 * kRings[0].size(); ++start) {
+        const bool narrow = start < kRings[0].size();
+        const double east = narrow ? 0 : 6000000.25;
+        RegionArrays region;
+        for (const Ring& ring : kRings) region.add(ring, start, east);
+        for (int x = -1; x < 14; ++x) {
+            for (int y = -1; y < 10; ++y) {
+                const bool found = region.holds(x + east, y, narrow);
+                EXPECT_EQ(found, holdsExactly(x, y).value_or(found)) << x << ' ' << y;
+            }
+        }
+    }
+}
+
+TEST(Region, EndsThatDoNotFitTheArrays) {
+    for (const bool narrow : {false, true}) {
+        RegionArrays region;
+        region.add(kRings[1], 0, 0);
+        region.ends = {400};  // nothing outside the arrays is read: sanitizers watch
+        EXPECT_TRUE(region.holds(4, 3, narrow));
+        region.add(kRings[1], 0, 0);
+        region.ends = {5};
+        const auto run = runInProcess([&] { region.holds(4, 3, narrow); });
+        EXPECT_TRUE(run.ended);
+        EXPECT_EQ(run.console,
+                  "\nInvalid number of polygons in region sent to inside_polygon routine [" +
+                      std::string(narrow ? "1" : "2") +
+                      "] - contact support@vantelgis.example\n\nPress Enter to Close\n");
+    }
+}
+
+TEST(Interpolation, OfTrianglesAndElements) {
+    const double x[] = {0, 8, 8, 0}, y[] = {0, 0, 8, 8};
+    const float fx[] = {0, 8, 8}, fy[] = {0, 0, 8}, z[] = {1, 5, 3, 10};
+    // Point, elevation in the first triangle (1 + x / 2 - y / 4) and in the element.
+    const float cases[][4] = {
+        {3, 1, 2.25, 2.9375}, {6, 3, 3.25, 4.625}, {2, 5, -99999, 6.25}, {5, 7, -99999, 5.1875}};
+    float found = 0;
+    for (const auto& [px, py, triangle, element] : cases) {
+        EXPECT_EQ(INTERPOLATE_ELEMENT_8(px, py, x, y, z, 3, 0, found), py < px);
+        EXPECT_NEAR(found, triangle, 1e-6F);
+        EXPECT_TRUE(INTERPOLATE_ELEMENT_8(px, py, x, y, z, 4, 0, found));
+        EXPECT_NEAR(found, element, 1e-6F);
+    }
+    EXPECT_FALSE(INTERPOLATE_ELEMENT_8(3, 1, x, y, z, 5, 0, found));
+    EXPECT_TRUE(INTERPOLATE_TRIANGLE(8, 8, fx, fy, z, found));
+    EXPECT_EQ(found, 3);
+    EXPECT_FALSE(INTERPOLATE_TRIANGLE_8(2, 8, x, y, z, found));  // level with the third corner
+    EXPECT_EQ(found, -99999.0F);
 }
 
 TEST(Plane, GridsShiftFarPointsBeforeNarrowingAndCutCellsTowardsZero) {
