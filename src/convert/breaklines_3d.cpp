@@ -33,7 +33,7 @@ struct Breaklines3d {
     GisObject object;
     Line record;
     ObjectNodes nodes{kMaxNodes3d};
-    std::vector<VertexElevation> elevations = std::vector<VertexElevation>(kMaxNodes3d);
+    std::vector<VertexElevation> elevations;  // of its nodes
 };
 
 void readElevation(std::string_view record, float& elevation) {
@@ -73,7 +73,8 @@ void writeString(const Breaklines3d& run, std::span<const VertexElevation> eleva
 void convertPart(Breaklines3d& run, CheckLayer& dangles) {
     const auto x = run.nodes.xs();
     const auto y = run.nodes.ys();
-    const std::span elevations(run.elevations.data(), run.nodes.size());
+    if (run.elevations.size() < x.size()) run.elevations.resize(x.size());
+    const std::span elevations(run.elevations.data(), x.size());
     showPolyline(++run.counter, run.nodes.n);
     if (!snapVertices(run.points, x, y, run.elevation, elevations)) {
         consoleLine("no snapped points - using polyline elevation.");

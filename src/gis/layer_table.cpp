@@ -49,10 +49,9 @@ int firstFreeLayer() {
 }
 
 void gisInitialiseLayer(int gisID) {
-    GisLayer& layer = gisLayer(gisID, "gisInitialiseLayer");
-    const bool open = layer.open;
-    layer = GisLayer{};
-    layer.open = open;
+    const bool open = gisLayer(gisID, "gisInitialiseLayer").open;
+    slotOf(gisID) = std::make_unique<GisLayer>();
+    slotOf(gisID)->open = open;
 }
 
 void gisInitialiseLayers() {

@@ -49,9 +49,15 @@ struct GisObject {
 /// never cleared between objects: a number that a file leaves out keeps what stood in its place.
 struct ObjectNodes {
     /// `limit` (at least 2) is the most nodes that one object, or part of one, may have.
-    explicit ObjectNodes(std::int32_t limit)
-        : maxNodes(limit), x(static_cast<std::size_t>(limit)), y(static_cast<std::size_t>(limit)) {}
+    explicit ObjectNodes(std::int32_t limit) : maxNodes(limit) {}
 
+    /// Room for `count` nodes, not above the limit. What is new holds zeros.
+    void makeRoom(std::int64_t count) {
+        const auto wanted = static_cast<std::size_t>(count);
+        if (wanted <= x.size()) return;
+        x.resize(wanted);
+        y.resize(wanted);
+    }
     /// The nodes of the object.
     [[nodiscard]] std::span<const double> xs() const { return {x.data(), size()}; }
     [[nodiscard]] std::span<const double> ys() const { return {y.data(), size()}; }
@@ -59,8 +65,8 @@ struct ObjectNodes {
 
     std::int32_t maxNodes;
     std::int32_t n = 0;     ///< nodes of this object
-    std::vector<double> x;  ///< node 1 at index 0
-    std::vector<double> y;
+    std::vector<double> x = std::vector<double>(2);  ///< node 1 at index 0; at least two
+    std::vector<double> y = std::vector<double>(2);
     std::vector<std::int32_t> ringEnds;  ///< of a region: the node of each polygon's last vertex
     bool centreRead = false;             ///< the file gives a region's centre:
     double xCentre = 0;

@@ -147,6 +147,7 @@ void readTwoNodes(std::string_view rest, ObjectNodes& nodes) {
 void readPart(int mifUnit, std::string_view countText, ObjectNodes& nodes) {
     nodes.n = takeNodeCount(countText, nodes.n);
     gisMifCheckNodes(nodes.n, nodes.maxNodes);
+    nodes.makeRoom(nodes.n);
     for (std::size_t i = 0; i < static_cast<std::size_t>(nodes.n); ++i) readNode(mifUnit, nodes, i);
 }
 
@@ -158,6 +159,7 @@ void readPolygon(int mifUnit, TextRef rest, ObjectNodes& nodes) {
     const auto first = static_cast<std::size_t>(nodes.n);
     const std::int64_t n = std::int64_t{nodes.n} + vertices + 1;
     gisMifCheckNodes(n, nodes.maxNodes);
+    nodes.makeRoom(n);
     nodes.n = static_cast<std::int32_t>(n);
     for (std::size_t i = 0; i < static_cast<std::size_t>(vertices); ++i)
         readNode(mifUnit, nodes, first + i);

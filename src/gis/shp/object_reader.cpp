@@ -127,8 +127,9 @@ void readNodes(shpL_& shp, ObjectNodes& nodes, std::size_t first, std::size_t co
     shp.unread -= bytes;
 }
 
-void checkNodes(std::int64_t requested, const ObjectNodes& nodes) {
-    gisCheckNodes(requested, nodes.maxNodes, ".shp polyline or region");
+void makeRoom(std::int64_t count, ObjectNodes& nodes) {
+    gisCheckNodes(count, nodes.maxNodes, ".shp polyline or region");
+    nodes.makeRoom(count);
 }
 
 void readOnePoint(shpL_& shp, ObjectNodes& nodes) {
@@ -140,7 +141,7 @@ void readNextPart(shpL_& shp, ObjectNodes& nodes) {
     if (shp.nextPart >= shp.nParts) stopShapeless();
     const auto part = static_cast<std::size_t>(shp.nextPart++);
     nodes.n = shp.partStarts[part + 1] - shp.partStarts[part];
-    checkNodes(nodes.n, nodes);
+    makeRoom(nodes.n, nodes);
     readNodes(shp, nodes, 0, nodes.size());
 }
 
@@ -158,7 +159,7 @@ void readPolygon(shpL_& shp, ObjectNodes& nodes) {
     shp.countAhead = false;
     shp.unread = nPoints * kPointBytes;
     readParts(shp, nPoints, kReadingCoordinates);
-    checkNodes(std::int64_t{nPoints} + shp.nParts, nodes);
+    makeRoom(std::int64_t{nPoints} + shp.nParts, nodes);
     nodes.n = 0;
     nodes.ringEnds.clear();
     for (std::size_t ring = 0; ring < static_cast<std::size_t>(shp.nParts); ++ring)
