@@ -21,13 +21,6 @@ if(NOT CMAKE_CROSSCOMPILING)
   add_test(NAME guide COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/docs_test.py
     --program $<TARGET_FILE:vantelgis>)
 
-  # The package of a build that could be shipped.
-  if(NOT VANTELGIS_SANITIZE AND NOT VANTELGIS_COVERAGE)
-    add_test(NAME package COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/package_test.py
-      ${PROJECT_BINARY_DIR})
-    set_tests_properties(package PROPERTIES SKIP_RETURN_CODE 77)
-  endif()
-
   # The inputs with which a fuzz driver begins and those that once showed a fault, without its engine.
   add_executable(fuzz_replay ${fuzz}/replay.cpp ${fuzz}/drivers.cpp)
   target_link_libraries(fuzz_replay PRIVATE memory_support vantelgis_core)

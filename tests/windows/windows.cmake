@@ -5,8 +5,6 @@ add_test(NAME held_output COMMAND Python3::Interpreter
   ${CMAKE_CURRENT_SOURCE_DIR}/windows/held_output_test.py --program $<TARGET_FILE:vantelgis>
   --holder $<TARGET_FILE:hold_open> --launcher "${CMAKE_CROSSCOMPILING_EMULATOR}")
 set_tests_properties(held_output PROPERTIES TIMEOUT 120)
-add_test(NAME system_dlls COMMAND Python3::Interpreter
-  ${CMAKE_CURRENT_SOURCE_DIR}/windows/system_dlls_test.py ${CMAKE_OBJDUMP} $<TARGET_FILE:vantelgis>)
 add_test(NAME batch COMMAND Python3::Interpreter
   ${CMAKE_CURRENT_SOURCE_DIR}/windows/batch_test.py --program $<TARGET_FILE:vantelgis>
   --launcher "${CMAKE_CROSSCOMPILING_EMULATOR}")

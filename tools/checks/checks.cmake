@@ -1,13 +1,26 @@
-# Checks of the sources: layers, words, layout, and what clang-tidy has to say.
-function(add_tree_check name)
-  add_test(NAME ${name} COMMAND ${ARGN})
+# Checks of what is no behaviour of the program: the sources (layers, words, layout, what clang-tidy
+# has to say) and what is shipped. Runs in the tests' folder, as ctest carries them out.
+set(checks ${PROJECT_SOURCE_DIR}/tools/checks)
+function(add_check name)
+  add_test(NAME ${name} COMMAND Python3::Interpreter ${checks}/check_${name}.py ${ARGN})
   set_tests_properties(${name} PROPERTIES LABELS tree SKIP_RETURN_CODE 77)
 endfunction()
 
-add_tree_check(includes Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/check_includes.py)
-add_tree_check(words Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/check_words.py)
+if(CMAKE_CROSSCOMPILING)
+  add_check(dlls ${CMAKE_OBJDUMP} $<TARGET_FILE:vantelgis>)
+  return()
+endif()
+# What can be said of the tree itself is said once, in the build without sanitizers.
+if(VANTELGIS_SANITIZE)
+  return()
+endif()
 
-add_tree_check(messages Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/check_messages.py)
+add_check(includes)
+add_check(words)
+add_check(messages)
+if(NOT VANTELGIS_COVERAGE)
+  add_check(package ${PROJECT_BINARY_DIR})  # of a build that could be shipped
+endif()
 
 # Another major version lays code out differently and warns of other things.
 set(clang_tools_version 14)
@@ -22,8 +35,7 @@ foreach(tool IN LISTS clang_tools)
     execute_process(COMMAND ${CLANG_${tool}} --version OUTPUT_VARIABLE tool_version)
   endif()
   if(tool_version MATCHES "version ${clang_tools_version}\\.")
-    add_tree_check(${tool} Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/check_${tool}.py
-      ${CLANG_${tool}} ${PROJECT_BINARY_DIR})
+    add_check(${tool} ${CLANG_${tool}} ${PROJECT_BINARY_DIR})
   else()
     message(STATUS "No clang-${tool} ${clang_tools_version}: its check is left out")
   endif()

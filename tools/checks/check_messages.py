@@ -6,7 +6,7 @@ import pathlib
 import re
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent
+ROOT = pathlib.Path(__file__).resolve().parents[2]
 
 # Messages that no test can meet, by how they begin, and why.
 EXCEPTIONS = {
@@ -56,7 +56,7 @@ def main():
         excused = any(message.startswith(beginning) for beginning in EXCEPTIONS)
         if (message in expected) == excused:
             faults.append(f"{path}: {'met all the same' if excused else 'no test meets'}: {message}")
-    faults += [f"tests/check_messages.py: no such message: {beginning}" for beginning in EXCEPTIONS
+    faults += [f"check_messages.py: no such message: {beginning}" for beginning in EXCEPTIONS
                if not any(message.startswith(beginning) for message in found)]
     print("\n".join(faults + [f"{len(found)} messages, {len(faults)} fault(s)"]))
     return 1 if faults else 0

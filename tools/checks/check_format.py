@@ -5,7 +5,7 @@ import pathlib
 import subprocess
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent
+ROOT = pathlib.Path(__file__).resolve().parents[2]
 FOLDERS = "src", "tests", "bench", "fuzz"
 
 
