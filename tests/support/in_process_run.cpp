@@ -108,7 +108,8 @@ RunResult runOnFile(std::string_view bytes, std::string_view mode,
 WorkFolder::WorkFolder() : before_(std::filesystem::current_path()) {
     // In memory where there is such a folder: a disk can take milliseconds for each file.
     const std::filesystem::path memory = "/dev/shm";
-    const auto base = is_directory(memory) ? memory : std::filesystem::temp_directory_path();
+    const bool inMemory = std::getenv("TMPDIR") == nullptr && is_directory(memory);
+    const auto base = inMemory ? memory : std::filesystem::temp_directory_path();
     do {
         folder_ = base / "vantelgis-test-";
         folder_ += std::to_string(std::random_device{}());
