@@ -14,8 +14,6 @@ target_link_libraries(fault_tests PRIVATE memory_support vantelgis_routines vant
 add_test(NAME faults COMMAND fault_tests)
 
 if(NOT CMAKE_CROSSCOMPILING)
-  add_test(NAME streams COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/streams_test.py
-    --program $<TARGET_FILE:vantelgis>)
   add_test(NAME batch COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/batch_test.py
     --program $<TARGET_FILE:vantelgis>)
   add_test(NAME guide COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/docs_test.py
