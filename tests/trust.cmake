@@ -1,18 +1,5 @@
 # What makes the program fit to be left alone: faults of the system and batch runs.
 
-# The program on files in memory. Its platform layer stands before that of the library.
-set(fuzz ${PROJECT_SOURCE_DIR}/fuzz)
-add_library(memory_support OBJECT
-  ${fuzz}/memory/memory_platform.cpp
-  ${fuzz}/memory/memory_run.cpp ${fuzz}/memory/sample_runs.cpp support/fresh_start.cpp)
-target_link_libraries(memory_support PUBLIC vantelgis_core)
-target_include_directories(memory_support PUBLIC ${CMAKE_CURRENT_SOURCE_DIR} ${fuzz})
-
-file(GLOB fault_tests CONFIGURE_DEPENDS faults/*.cpp)
-add_executable(fault_tests ${fault_tests})
-target_link_libraries(fault_tests PRIVATE memory_support vantelgis_routines vantelgis_core GTest::gtest_main)
-add_test(NAME faults COMMAND fault_tests)
-
 if(NOT CMAKE_CROSSCOMPILING)
   add_test(NAME batch COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/batch_test.py
     --program $<TARGET_FILE:vantelgis>)

@@ -1,55 +1,47 @@
 #include "archive/scanner.h"
 
-#include <gtest/gtest.h>
-
 #include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "archive/vertices.h"
-#include "gis/records.h"
-#include "support/in_process_run.h"
+#include "support/memory_calls.h"
+#include "support/rows.h"
 
 namespace vantelgis {
 namespace {
 
 // Reads objects as a conversion does. Each gives "type,flags,name" and its vertices or what else
-// came of it, such as "3d,3,A: 1 2 3; 4 5 6\n".
-RunResult readObjects(const std::string& text, std::ostringstream& told, bool nullKeyword,
-                      bool hexFloats) {
-    return runOnFile(text, "I ", [&](int unit) {
-        Archive archive;
-        archive.unit = unit;
-        archive.nullKeyword = nullKeyword;
-        archive.hexFloats = hexFloats;
+// came of it, such as "3d,3,A: 1 2 3; 4 5 6\n"; behind them stands what stopped the reading.
+std::string objectsOf(const std::string& text, bool nullKeyword, bool hexFloats) {
+    std::ostringstream told;
+    const std::string console = consoleOfUnit(text, [&](int unit) {
+        const Archive archive{unit, nullKeyword, hexFloats};
         D12Object o;
-        std::vector<float> z;
+        ArchiveVertices v;
         for (std::string_view line; d12NextObject(unit, line, o); told << '\n') {
             told << o.typeText.view() << ',' << (o.isSuper ? "s" : "") << (o.isPolyline ? "p" : "")
                  << (o.data2d ? "2" : "") << (o.data3d ? "3" : "") << (o.hipData ? "h" : "") << ','
                  << o.name.view() << ':';
-            std::int32_t count = 0;
+            v.count = 0;
             if (!o.data2d && !o.data3d && !o.hipData) {
                 told << " ignored";
                 d12PassOver(unit, line, o);
-            } else if (!d12ReadVertices(archive, o, z, 4, count)) {
+            } else if (!d12ReadVertices(archive, o, 4, v)) {
                 told << " no data";
             }
-            for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
-                told << (i > 0 ? "; " : " ") << gisX[i] << ' ' << gisY[i] << ' ' << z[i];
+            for (std::size_t i = 0; i < v.size(); ++i)
+                told << (i > 0 ? "; " : " ") << v.x[i] << ' ' << v.y[i] << ' ' << v.z[i];
         }
     });
+    return told.str() + faultIn(console);
 }
 
-using Case = std::pair<std::string, std::string>;
-
-void expectObjects(const std::vector<Case>& cases, bool nullKeyword = false, bool hex = false) {
-    for (const Case& c : cases) {
-        std::ostringstream told;
-        EXPECT_FALSE(readObjects(c.first, told, nullKeyword, hex).ended) << c.first;
-        EXPECT_EQ(told.str(), c.second) << c.first;
-    }
+void expectObjects(const std::vector<std::pair<std::string, std::string>>& rows,
+                   bool nullKeyword = false, bool hexFloats = false) {
+    for (const auto& [text, objects] : rows)
+        EXPECT_EQ(objectsOf(text, nullKeyword, hexFloats), objects) << text;
 }
 
 TEST(Scanner, TakesStringsByTheirWords) {
@@ -165,32 +157,24 @@ TEST(Scanner, ReadsVertexLines) {
 
 TEST(Scanner, StopsAtWhatCannotBeRead) {
     const std::string erroneous = "ERROR - Reading .12da file.  Erroneous line is:\n";
-    const std::string tooFew = "ERROR - Unexpected end of .12da file encountered.\n";
+    const std::string tooFew = "ERROR - Unexpected end of .12da file encountered.";
     const std::string inHeader = "ERROR - Reading data (d12ObjectType)\n";
-    const Case cases[] = {
-        {"3d {\ndata {\n  1 two 3  // note\n}\n", erroneous + "1 two 3\n"},
-        {"3d {\ndata {\n1 2 nan\n}\n", erroneous + "1 2 nan\n"},
-        {"3d {\ndata {\n1 2 null\n}\n", erroneous + "1 2 null\n"},
-        {"2d {\ndata {\n1 null\n}\n", erroneous + "1 null\n"},
-        {"3d {\ndata {\n\t1 2 3\n}\n", erroneous + "\t1 2 3\n"},
-        {"3d {\ndata {\n1 2\n}\n", tooFew},
-        {"2d {\ndata {\n1 //2\n}\n", tooFew},
-        {"3d {\ndata {\n1 2" + std::string(10000, ' ') + "3\n}\n", tooFew},
-        {"3d {\nname\n}\n", inHeader + "name\n"},
-        {"3d {\n z one // note\n}\n", inHeader + "z one\n"},
-        {"3d {\nZone 1\n}\n", inHeader + "Zone 1\n"},
-        {"3d {\ndata {\n1 2 3\n1 2 3\n1 2 3\n1 2 3\nword\n}\n",
-         "ERROR - Exceeded number of allowable nodes in a single polyline or region.\n"
-         "        Requested       5        Limit       4\n"},
-    };
-    for (const Case& c : cases) {
-        std::ostringstream told;
-        const RunResult run = readObjects("string " + c.first, told, false, false);
-        const std::string opened = "Opened File Unit:1001\n";
-        EXPECT_TRUE(run.ended) << c.first;
-        EXPECT_EQ(run.console.substr(run.console.find(opened) + opened.size()),
-                  "\n" + c.second + "\nPress Enter to Close\n");
-    }
+    expectObjects({
+        {"string 3d {\ndata {\n  1 two 3  // note\n}\n", "3d,3,:" + erroneous + "1 two 3"},
+        {"string 3d {\ndata {\n1 2 nan\n}\n", "3d,3,:" + erroneous + "1 2 nan"},
+        {"string 3d {\ndata {\n1 2 null\n}\n", "3d,3,:" + erroneous + "1 2 null"},
+        {"string 2d {\ndata {\n1 null\n}\n", "2d,2,:" + erroneous + "1 null"},
+        {"string 3d {\ndata {\n\t1 2 3\n}\n", "3d,3,:" + erroneous + "\t1 2 3"},
+        {"string 3d {\ndata {\n1 2\n}\n", "3d,3,:" + tooFew},
+        {"string 2d {\ndata {\n1 //2\n}\n", "2d,2,:" + tooFew},
+        {"string 3d {\ndata {\n1 2" + std::string(10000, ' ') + "3\n}\n", "3d,3,:" + tooFew},
+        {"string 3d {\nname\n}\n", inHeader + "name"},
+        {"string 3d {\n z one // note\n}\n", inHeader + "z one"},
+        {"string 3d {\nZone 1\n}\n", inHeader + "Zone 1"},
+        {"string 3d {\ndata {\n1 2 3\n1 2 3\n1 2 3\n1 2 3\nword\n}\n",
+         "3d,3,:ERROR - Exceeded number of allowable nodes in a single polyline or region.\n"
+         "        Requested       5        Limit       4"},
+    });
 }
 
 }  // namespace

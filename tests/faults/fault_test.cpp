@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <span>
 #include <string>
 
 #include "memory/memory_run.h"
@@ -44,24 +43,30 @@ constexpr Rule kReading[] = {
     {".12da", "", "WARNING - Problems finding start of data in .12da file"},
     {".12da", "string 3d {", "ERROR - Reading file site.12da"},
 };
-// The same for everything that goes wrong with an output.
+// The same for everything that goes wrong with an output, by where it is written: the first bytes
+// of a header, its places that only the end of a run can fill, or anywhere else.
+constexpr std::int64_t kElsewhere = -1;
+struct WritingRule {
+    std::string_view ending;
+    std::int64_t position;
+    std::string_view message;
+};
 constexpr std::string_view kRewriting =
     "ERROR 0413 - Rewriting .dbf file header with final information.";
-constexpr Rule kWriting[] = {
-    {".12da", "", "ERROR - Writing file "},
-    {".csv", "", "ERROR - Writing file "},
-    {".mif", "", "ERROR 0439 - Writing .mif file object coordinates."},
-    {".mid", "", "ERROR 0254 - Failed to write attribute data record for a "},
-    {".prj", "", "ERROR 0437 - Writing .shp file header."},
-    {".shp", "", "ERROR 0437 - Writing .shp file header."},
-    {".shp", "", "ERROR 0439 - Writing .shp file object coordinates."},
-    {".shp", "", kRewriting},
-    {".shx", "", "ERROR 0437 - Writing .shp file header."},
-    {".shx", "", "ERROR 0439 - Writing .shp file object coordinates."},
-    {".shx", "", kRewriting},
-    {".dbf", "", "ERROR 0413 - Writing .dbf file header."},
-    {".dbf", "", "ERROR 0417 - Writing .dbf record."},
-    {".dbf", "", kRewriting},
+constexpr WritingRule kWriting[] = {
+    {".12da", kElsewhere, "ERROR - Writing file "},
+    {".csv", kElsewhere, "ERROR - Writing file "},
+    {".mif", kElsewhere, "ERROR 0439 - Writing .mif file object coordinates."},
+    {".mid", kElsewhere, "ERROR 0254 - Failed to write attribute data record for a "},
+    {".prj", kElsewhere, "ERROR 0437 - Writing .shp file header."},
+    {".shp", 0, "ERROR 0437 - Writing .shp file header."},
+    {".shp", 24, kRewriting},
+    {".shp", 36, kRewriting},
+    {".shp", kElsewhere, "ERROR 0439 - Writing .shp file object coordinates."},
+    {".dbf", 0, "ERROR 0413 - Writing .dbf file header."},
+    {".dbf", 4, kRewriting},
+    {".dbf", kElsewhere, "ERROR 0417 - Writing .dbf record."},
+    {".dbf", kElsewhere, kRewriting},  // the mark behind the last record
 };
 
 bool stopsWith(std::string_view message, std::string_view prompt) {
@@ -107,10 +112,19 @@ bool readFaultIsTold() {
     return holds != nullptr && stopsWith(holds->message, kPromptToClose);
 }
 
-// Any of the messages that `rules` has for the file of the fault.
-bool stopsWithOneOf(std::span<const Rule> rules) {
-    return std::ranges::any_of(rules, [](const Rule& rule) {
-        return system.failed.name.ends_with(rule.ending) && stopsWith(rule.message, kPromptToClose);
+// A write is told in the words of its place, all else in any of its file's.
+bool writeFaultIsTold() {
+    const Use& failed = system.failed;
+    std::string name = failed.name;
+    if (name.ends_with(".shx")) name.back() = 'p';
+    const auto ofFile = [&](const WritingRule& rule) { return name.ends_with(rule.ending); };
+    const bool ownPlace = std::ranges::any_of(kWriting, [&](const WritingRule& rule) {
+        return ofFile(rule) && rule.position == failed.position;
+    });
+    const std::int64_t place = ownPlace ? failed.position : kElsewhere;
+    return std::ranges::any_of(kWriting, [&](const WritingRule& rule) {
+        return ofFile(rule) && stopsWith(rule.message, kPromptToClose) &&
+               (failed.operation != Operation::write || rule.position == place);
     });
 }
 
@@ -125,7 +139,11 @@ bool openFaultIsTold() {
 bool otherFaultIsTold() {
     const Use& failed = system.failed;
     if (failed.operation == Operation::open) return openFaultIsTold();
-    return failed.forOutput ? stopsWithOneOf(kWriting) : stopsWithOneOf(kReading);
+    return failed.forOutput ? writeFaultIsTold()
+                            : std::ranges::any_of(kReading, [&](const Rule& rule) {
+                                  return failed.name.ends_with(rule.ending) &&
+                                         stopsWith(rule.message, kPromptToClose);
+                              });
 }
 
 // How the run ended, for the report of a failed test.

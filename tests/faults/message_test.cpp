@@ -3,14 +3,14 @@
 #include <utility>
 #include <vector>
 
+#include "driver/program.h"
+#include "gis/layer_table.h"
 #include "gis/layers.h"
-#include "gis/mif/reader.h"
 #include "gis/operations.h"
-#include "gis/shp/files.h"
 #include "gis/shp/writer.h"
-#include "memory/memory_run.h"
-#include "run/opener.h"
+#include "run/messages.h"
 #include "run/opener_settings.h"
+#include "support/memory_calls.h"
 #include "support/rows.h"
 #include "toolkit/lines.h"
 
@@ -20,81 +20,92 @@ namespace {
 
 using memory::system;
 
-std::string afterTheHead(std::string_view objects) {
-    return "Columns 1\r\n A Decimal(8,0)\r\nData\r\n" + std::string(objects);
-}
-
-// The run stops with this text, from an empty line on.
-void expectStop(memory::Files files, std::vector<std::string_view> arguments,
-                std::string_view message) {
-    system = {};
-    system.files = std::move(files);
-    memory::runProgramInMemory(arguments);
-    EXPECT_TRUE(
-        system.console.ends_with("\n\n" + std::string(message) + "\nPress Enter to Close\n"))
-        << system.console;
-}
-
-TEST(ALayerThatCannotBeRead, StopsWithItsMessage) {
-    const std::pair<std::string, std::string_view> rows[] = {
-        {"Version 300\r\nNo field\r\n",
-         "ERROR 0314 - Could not read number of attributes in .mif file\n"},
-        {"Columns one\r\n", "ERROR 0314 - Could not read number of attributes in .mif file\n"},
-        {"Columns 0\r\n", "ERROR 0319 - No attributes specified in .mif file.\n"},
-        {afterTheHead("Pline 2\r\n0 0\r\n1"),
-         "ERROR 0309 - Unexpected end of .mif file encountered.\n"},
-        {afterTheHead("Line 0 0 1\r\n"), "ERROR 0309 - Unexpected end of .mif file encountered.\n"},
-        {afterTheHead("Pline 2\r\n0 0\r\n1 one\r\n"),
-         "ERROR 0308 - Reading .mif file.  Check file format is not corrupted.\n"},
-        {afterTheHead("Collection 2\r\n"),
-         "ERROR 0303 - MIF \"Collection\" objects not supported.  Delete or disaggregate "
-         "object.\n"},
-        {afterTheHead(" region 10001 of them\r\n"),
-         "ERROR 0304 - Exceeded maximum number of polygons in region below of 10000\n"
-         " region 10001 of them\n"},
-    };
-    for (const auto& [mif, message] : rows)
-        expectStop({{"a.mif", mif}, {"a.mid", "1\r\n2\r\n"}}, {"a.mif"}, message);
+// What stops a run of the program on these files.
+std::string stopOf(memory::Files files, std::vector<std::string_view> arguments) {
+    return faultIn(consoleOf(std::move(files), [&] {
+        arguments.insert(arguments.begin(), "vantelgis");
+        runProgram(arguments);
+    }));
 }
 
 TEST(ACommandLineThatCannotBeRun, StopsWithItsMessage) {
     const std::pair<std::vector<std::string_view>, std::string_view> rows[] = {
-        {{"a.12da"}, "ERROR - Must specify output format with -shp or -mif.\n"},
-        {{"-out", "b", "a.12da"}, "ERROR - Must specify output format with -shp or -mif.\n"},
-        {{"a.shp"}, "ERROR - A Header.prj or Projection.prj file does not exist in folder.\n"},
+        {{"a.12da"}, "ERROR - Must specify output format with -shp or -mif."},
+        {{"-out", "b", "a.12da"}, "ERROR - Must specify output format with -shp or -mif."},
+        {{"a.shp"}, "ERROR - A Header.prj or Projection.prj file does not exist in folder."},
         {{"a.shp", "short.prj"},
-         "ERROR 0428 - End of .shp file encountered whilst reading header.\n"},
-        {{"a.mif", "short.prj"}, "ERROR - Unable to find CoordSys line in short.prj\n"},
+         "ERROR 0428 - End of .shp file encountered whilst reading header."},
+        {{"a.mif", "short.prj"}, "ERROR - Unable to find CoordSys line in short.prj"},
     };
-    const std::string shp(99, '\0');
     for (const auto& [arguments, message] : rows)
-        expectStop({{"a.12da", ""}, {"a.shp", shp}, {"a.dbf", ""}, {"short.prj", "PROJCS"}},
-                   arguments, message);
+        EXPECT_EQ(stopOf({{"a.12da", ""},
+                          {"a.shp", std::string(99, '\0')},
+                          {"a.dbf", ""},
+                          {"short.prj", "PROJCS"}},
+                         arguments),
+                  message);
 }
 
-TEST(AMillionPoints, AreTheMost) {
-    std::string points = afterTheHead("");
-    std::string records;
-    for (int i = 0; i < 1'000'001; ++i) {
-        points += "Point 1 1\r\n";
-        records += "1\r\n";
-    }
-    const memory::Files files{{"a.mif", "CoordSys\r\n" + points}, {"a.mid", records}};
-    expectStop(files, {"-zln", "a.mif"},
-               "ERROR - Exceeded maximum number of breakline points: 1000000\n\n"
-               "Enter command<CR> or <CR> to continue.\n");
-    expectStop(files, {"-results", "a.mif"},
-               "ERROR - Exceeded maximum number of points, please contact "
-               "support@vantelgis.example\n");
+std::string repeated(std::string_view text, int times) {
+    std::string all;
+    for (int i = 0; i < times; ++i) all += text;
+    return all;
+}
+
+TEST(AMillion, AreTheMostPointsOfALayer) {
+    const memory::Files files{
+        {"a.mif", "CoordSys\nColumns 1\n A Float\nData\n" + repeated("Point 1 1\n", 1'000'001)},
+        {"a.mid", repeated("1\n", 1'000'001)}};
+    EXPECT_EQ(stopOf(files, {"-results", "a.mif"}),
+              "ERROR - Exceeded maximum number of points, please contact "
+              "support@vantelgis.example");
+    EXPECT_EQ(stopOf(files, {"-zln", "a.mif"}), "Enter command<CR> or <CR> to continue.");
+    EXPECT_TRUE(holds(system.console,
+                      "\n\nERROR - Exceeded maximum number of breakline points: 1000000\n\n"
+                      "Enter command<CR>"));
+}
+
+TEST(AMillion, AreTheMostVerticesOfAString) {
+    const auto stop = [](int more) {
+        const std::string lines = repeated("1 2 -99999\n", 1'000'000) + repeated("1 2 3\n", more);
+        return stopOf({{"a.12da", "model\nstring polyline {\ndata {\n" + lines + "}\n}\n"}},
+                      {"-b", "-out", "a.mif", "a.12da"});
+    };
+    EXPECT_EQ(stop(0), "");
+    EXPECT_TRUE(holds(system.files["a.mif"], "\nPline 1000001\r\n"));  // it closes behind them
+    EXPECT_EQ(stop(1),
+              "ERROR - Exceeded number of allowable nodes in a single polyline or region.\n"
+              "        Requested 1000001        Limit 1000000");
+}
+
+// The first word of a message counts it, and its number stands in six columns behind that word.
+TEST(AMessage, IsClassifiedAndCounted) {
+    const auto classified = [](std::string_view text) {
+        std::string told;
+        consoleOf({}, [&] {
+            DMESSAGES.errorCount = DMESSAGES.warningCount = DMESSAGES.checkCount = 10;
+            DMESSAGES.messageNumber = 7;
+            DMESSAGES.text1 = text;
+            reportMessage(1);
+            for (const std::int32_t number :
+                 {static_cast<std::int32_t>(DMESSAGES.messageKind), DMESSAGES.messageNumber,
+                  DMESSAGES.errorCount, DMESSAGES.warningCount, DMESSAGES.checkCount})
+                told += ' ' + std::to_string(number);
+        });
+        EXPECT_EQ(system.console, "\n" + std::string(text) + "\n");
+        return told;
+    };
+    checkRows(classified, "ERROR 0201 - x ->  1 201 11 10 10", "ERROR - x ->  1 0 11 10 10",
+              "WARNING 0405 - x ->  2 405 10 11 10", "CHECK 0008 - x ->  3 8 10 10 11",
+              "UNSTABLE 12 x ->  4 12 10 10 10", "Error 0201 ->  0 0 10 10 10",
+              "ERROR1234567 ->  1 123456 11 10 10", "WARNING,405 ->  2 0 10 11 10");
 }
 
 // What only a host, or a fault in the program, can bring about.
 TEST(ACallThatCannotBeMet, StopsWithItsMessage) {
     int unit = 0;
     Line line;
-    GisObject object;
     shpL_ shp;
-    dbfL_ dbf;
     const auto open = [&](std::string_view mode, std::string_view name) {
         openUnit(unit, mode, name);
     };
@@ -109,29 +120,19 @@ TEST(ACallThatCannotBeMet, StopsWithItsMessage) {
         int faultAt = -1;
     } rows[] = {
         {[] {
-             for (int i = 0; i <= kMaxLayers; ++i) gisOpenLayer("in.mif", {}, "I ");
+             for (int i = 0; i <= kMaxLayers; ++i) gisOpenLayer("in.mif");
          },
          "ERROR 0251 - Cannot have more than 100 GIS layers open at once.\n"},
-        {[] { gisOpenLayer("a.dbf", {}, "I "); },
-         "ERROR 0252 - .dbf is not a supported GIS file format.\n"},
+        {[] { gisOpenLayer("a.DBF"); }, "ERROR 0252 - .dbf is not a supported GIS file format.\n"},
+        {[] { gisReadHeader(0); }, "Should not be here gisReadHeader[gisID=0] - please contact "},
+        {[] { gisAtEnd(101); }, " Should not be here [gisAtEnd] - please contact "},
+        {[] { gisAtEnd(1); }, " Should not be here [gisAtEnd] - please contact "},
         {[&] { gisCloseLayer(unit); },
          "SOFTWARE CHECK - Trying to close a GIS Layer that's not open.  Please contact "},
-        {[&] {
-             const int layer = gisOpenLayer("in.mif", {}, "I ");
-             ObjectNodes nodes{10};
-             gisReadHeader(layer);
-             gisObjectType(layer, object);
-             gisReadObject(layer, object, nodes);
-         },
-         "ERROR 0318 - Less than 5 points for Region object in mif file.\n"},
-        {[&] { gisWriteObject(gisOpenLayer("a.mif", {}, "O "), object); },
-         "ERROR 0350 - Trying to write a MIF object that is not yet supported.  Please contact "},
-        {[&] { gisWriteObject(gisOpenLayer("a.shp", "P", "O "), object); },
-         "\n\nShould not be here [gisWriteObject-shp].  Please contact "},
-        {[&] { shpWriteObject(object, shp); },
+        {[] { gisCreateLayer("a.shp", "PX", {}); },
+         "Should not be here [OpenshpFileType] - please contact "},
+        {[&] { shpWriteObject({}, {}, shp); },
          "ERROR 0350 - Trying to write a SHP object that is not yet supported.  Please contact "},
-        {[&] { OpenshpFile("a.mif", {}, "I ", shp, dbf); },
-         "ERROR 0426 - .shp file not specified.\n"},
         {[&] { open("I ", "in.mif"), READLINE(unit, line); },
          "ERROR 0201 - Reading text line from file unit number 1001\n", 1},
         {[&] {
@@ -139,6 +140,9 @@ TEST(ACallThatCannotBeMet, StopsWithItsMessage) {
          },
          "No free file numbers.\n"},
         {[&] { open("O ", " "); }, " Empty filename specified.  Bailing out.  Please contact "},
+        // To append to a file that is open asks nothing.
+        {[&] { open("A ", "new"), open("A ", "new"); },
+         "new...OK.  File Unit:1001\n Trying to open file new...OK.  File Unit:1002\n"},
         {[&] { open("A ", "in.mif"); }, "...FAILED.  No File Unit allocated.\n", 0},
         {[&] { open("XX", "in.mif"); }, "...  Unrecognised file type XX file in.mif\n"},
         {[&] { open("A ", "new"), open("O ", "new"); },
@@ -150,13 +154,10 @@ TEST(ACallThatCannotBeMet, StopsWithItsMessage) {
     };
     for (const auto& row : rows) {
         system = {};
-        system.files = {{"in.mif", afterTheHead("Region 1\r\n 2\r\n0 0\r\n1 1\r\n")},
-                        {"in.mid", ""},
-                        {"folder/in", ""}};
+        system.files = {{"in.mif", "x"}, {"in.mid", ""}, {"folder/in", ""}};
         system.typed = "y\n";
         system.faultAt = row.faultAt;
         unit = 0;
-        object.clear();
         memory::callInMemory(row.call);
         EXPECT_TRUE(holds(system.console, row.message));
     }

@@ -1,107 +1,98 @@
-#include <gtest/gtest.h>
-
-#include <sstream>
 #include <string>
 
-#include "gis/layers.h"
-#include "gis/operations.h"
-#include "support/fresh_start.h"
-#include "support/in_process_run.h"
+#include "support/layer_text.h"
+#include "support/rows.h"
 
 namespace vantelgis {
 namespace {
 
-const std::string kHead = "Columns 1\nA Char(3)\nData\n";
-
-class MifReader : public testing::Test {
-  protected:
-    MifReader() { freshStart(); }
-    ~MifReader() override { freshStart(); }
-    // Opens a layer of this text and reads its header.
-    void open(const std::string& mif) {
-        writeFile("a.mif", mif);
-        writeFile("a.mid", "1\n2\n3\n4\n5\n6\n7\n8\n9\n");
-        layer = gisOpenLayer("a.MID", {}, "I ");
-        gisReadHeader(layer);
-    }
-    bool next() { return gisObjectType(layer, object); }
-    // The vertices of the next object.
-    std::string read() {
-        if (!next()) return "none";
-        gisReadObject(layer, object, nodes);
-        std::ostringstream told;
-        for (std::size_t i = 0; i < static_cast<std::size_t>(nodes.n); ++i)
-            told << (i > 0 ? ", " : "") << nodes.x[i] << ' ' << nodes.y[i];
-        return told.str();
-    }
-
-    WorkFolder folder;
-    int layer = 0;
-    GisObject object;
-    ObjectNodes nodes{100};
-};
-
-TEST_F(MifReader, KeepsRegionsPolygonByPolygon) {
-    // A square with a triangle in it; behind each polygon its second vertex is repeated.
-    open(kHead + "Region 2\n 5\n0 0\n10 0\n10 10\n0 10\n0 0\n4\n1 1\n2 1\n2 2\n1 1\n Brush(1)\n" +
-         "Point 1 1\n");
-    EXPECT_EQ(read(), "0 0, 10 0, 10 10, 0 10, 0 0, 10 0, 1 1, 2 1, 2 2, 1 1, 2 1");
-    EXPECT_TRUE(object.region && object.ir[0] == 5 && object.ir[1] == 10);
-    // The mean of all nodes but the last two: x 0 10 10 0 0 10 1 2 2, y 0 0 10 10 0 0 1 1 2.
-    EXPECT_DOUBLE_EQ(nodes.xc, 35.0 / 9);
-    EXPECT_DOUBLE_EQ(nodes.yc, 24.0 / 9);
-    EXPECT_TRUE(next() && object.point);
+std::string mifText(std::string mif, std::int32_t reads = 99) {
+    return layerText({{"a.mif", std::move(mif)}, {"a.mid", "1\n2\n3\n4\n5\n"}}, "a.MID", reads);
 }
 
-TEST_F(MifReader, TakesTheCentreOfARegionOnlyFromTheLastLine) {
-    const std::string square = "Region 1\n 5\n0 0\n10 0\n10 10\n0 10\n0 0\n";
-    open(kHead + square + "  Center 3 4\n" + square + "    cENTER 7 8");
-    EXPECT_EQ(read(), "0 0, 10 0, 10 10, 0 10, 0 0, 10 0");
-    EXPECT_EQ(nodes.xc, 5.0);  // the mean of the first four vertices
-    read();
-    EXPECT_TRUE(nodes.xc == 7.0 && nodes.yc == 8.0 && gisAtEnd(layer));
+// The objects of a layer, told by their lines.
+std::string objects(std::string_view lines) {
+    return mifText("Columns1\nA Char(3)\nData\n" + std::string(lines));
 }
 
-TEST_F(MifReader, MeasuresLinesInSinglePrecision) {
-    open(kHead + "Pline 3\n0 0\n3 4\n3 14\nPline 1\n5 6\nLine 0 0 -2 0\nPline 2\n1 1\n1 1\n");
-    EXPECT_EQ(read(), "0 0, 3 4, 3 14");
-    // 5 and 10: the middle lies 2.5 up the second segment.
-    EXPECT_TRUE(nodes.length == 15.0F && nodes.angle == 90.0F);
-    EXPECT_DOUBLE_EQ(nodes.xc, 3);
-    EXPECT_DOUBLE_EQ(nodes.yc, 6.5);
-    EXPECT_EQ(read(), "5 6");
-    EXPECT_EQ(nodes.length, 0.0F);
-    EXPECT_EQ(read(), "0 0, -2 0");
-    EXPECT_TRUE(nodes.xc == -1.0 && nodes.angle == 180.0F && nodes.length == 2.0F);
-    EXPECT_EQ(read(), "1 1, 1 1");
+TEST(MifReader, ReadsEachKind) {
+    checkRows(
+        objects,
+        // A square with a triangle in it; behind each polygon its second vertex is repeated.
+        "Region 2\n 5\n0 0\n10 0\n10 10\n0 10\n0 0\n4\n1 1\n2 1\n2 2\n1 1\n Brush(1)\nPoint 1 1\n "
+        "-> "
+        "region 2: 0 0, 10 0, 10 10, 0 10, 0 0, 10 0, 1 1, 2 1, 2 2, 1 1, 2 1,; e5 e10 |1\n"
+        "point 1: 1 1,; |2\n",
+        // A centre is taken only from the last line.
+        "Region 1\n 4\n0 0\n1 0\n1 1\n0 0\n  Center 3 4\nregion 1\n4\n0 0\n1 0\n1 1\n0 0\n cENTER "
+        "7 8 "
+        "-> region 1: 0 0, 1 0, 1 1, 0 0, 1 0,; e4 |1\n"
+        "region 1: 0 0, 1 0, 1 1, 0 0, 1 0,; e4 c7 8 |2\n",
+        "Center 1 2\nNONE -> none 1:; |1\n", "Center 1 2 -> ",
+        "\t point 9 10\nData\nPoint\n1,2 3\n -> "
+        "point 1: 9 10,; |1\npoint 1: 1 2,; |2\n",
+        "Pline 1\n5 6\nLine 0 0 -2 0\nROUNDRECT 1 2 3 4\nrect 5 6 7 8 -> pline 1: 5 6,; |1\n"
+        "line 1: 0 0, -2 0,; |2\nround 1: 1 2, 3 4,; |3\nrect 1: 5 6, 7 8,; |4\n",
+        "MultiPoint 2\n1 2\n3 4\nArc 1 2 3 4\n1 2\nEllipse 1 2 3 4\nText\n\"x\"\n 1 2 3 4\n -> "
+        "points 2: 1 2,; 3 4,; |1\narc 1:; |2\nellipse 1:; |3\ntext 1:; |4\n",
+        "Pline Multiple 2\n2\n0 0\n1 1\n0\nPoint 1 1 -> "
+        "plines 2: 0 0, 1 1,;; |1\npoint 1: 1 1,; |2\n");
 }
 
-TEST_F(MifReader, PassesOverWhatTheCallerDoesNotFetch) {
-    open(kHead + "Pline Multiple 2\n2\n0 0\n1 1\n2\n5 5\n6 6\nplines 2\n7 7\n8 8\n" +
-         "\t point 9 10\nData\nNONE");
-    EXPECT_EQ(read(), "0 0, 1 1");
-    EXPECT_TRUE(object.nSections == 2 && object.objName == "PLINE MULTIPLE");
-    EXPECT_TRUE(next() && object.pline && !object.plineMultiple);
-    read();
-    EXPECT_TRUE(nodes.yc == 10.0 && nodes.x[1] == 9.0);
-    EXPECT_TRUE(next() && object.none);
-    EXPECT_TRUE(gisAtEnd(layer) && !next());
-
-    gisGotoBeginningOfData(layer);
-    EXPECT_TRUE(!gisAtEnd(layer) && next() && object.plineMultiple);
-    Text<10> record;
-    gisReadRecord(layer, object, record);
-    EXPECT_EQ(record, "1");
+TEST(MifReader, TellsWhatIsWrong) {
+    const std::string end = "ERROR 0309 - Unexpected end of .mif file encountered.";
+    const std::string corrupt =
+        "ERROR 0308 - Reading .mif file.  Check file format is not corrupted.";
+    const std::string tooFew = "ERROR 0318 - Less than 5 points for Region object in mif file.";
+    const std::string tooMany =
+        "ERROR 0310 - Exceeded number of allowable nodes in a single polyline or region.\n"
+        "             Requested     101        Limit     100";
+    checkRows(
+        objects, "Pline 2\n0 0\n1 -> pline 1:" + end, "Line 0 0 1\n -> line 1:" + end,
+        "Pline\n2\n0 0\n1 1 -> pline 1:" + end, "Pline 2\n0 0\n1 one\n -> pline 1:" + corrupt,
+        "Pline  Multiple 2\n2\n0 0\n1 1 -> pline 1:" + corrupt, "Pline -1 -> pline 1:" + corrupt,
+        "Region x -> " + corrupt, "Region -> " + end, "Pline 101 -> pline 1:" + tooMany,
+        "Region 1\n100\n -> region 1:" + tooMany,
+        "Collection 2\n -> ERROR 0303 - MIF \"Collection\" objects not supported.  Delete or "
+        "disaggregate object.",
+        " region 10001 of them\n -> ERROR 0304 - Exceeded maximum number of polygons in region "
+        "below "
+        "of 10000\n region 10001 of them",
+        "Region 10000\n -> region 10000:" + end, "Region 0\n -> region 0:" + tooFew,
+        "Region 3\n0\n0\n0\n -> region 3:" + tooFew,  // each polygon has a node of its own
+        "Region 1\n3\n0 0\n1 0\n1 1\n -> region 1:" + tooFew,
+        "Region 1\n2\n0 0\n1 0\nRegion 2\n1\n5 5\n2\n6 6\n7 7\n -> region 1:" + tooFew,
+        "Region 2\n1\n5 5\n2\n6 6\n7 7\n -> region 2: 5 5, 5 5, 6 6, 7 7, 7 7,; e1 e4 |1\n",
+        "None\nNone\nNone\nNone\nNone\nPoint 1 1 -> none 1:; |1\nnone 1:; |2\nnone 1:; |3\n"
+        "none 1:; |4\nnone 1:; |5\nERROR 0254 - Failed to read object attribute data record for a "
+        "POINT object in GIS layer.");
 }
 
-TEST_F(MifReader, DropsColumnsBeyondTheTable) {
+TEST(MifReader, PassesOverWhatIsNotFetched) {
+    const std::string mif =
+        "Columns 1\nA Char(3)\nData\nPline Multiple 2\n2\n0 0\n1 1\n2\n5 5\n6 6\nPlines\nPointed";
+    EXPECT_EQ(mifText(mif, 0), "plines 2: |1\npline 1: |2\npoint 1: |3\n");
+    EXPECT_TRUE(mifText(mif, 1).starts_with("plines 2: 0 0, 1 1,; |1\npline 1:ERROR 0308"));
+}
+
+TEST(MifReader, ReadsHeaders) {
+    const auto head = [](std::string_view lines) { return mifText(std::string(lines)); };
+    const std::string noStart = "ERROR 0314 - Could not read number of attributes in .mif file";
+    const std::string noData = "ERROR 0313 - Could not find start of \"Data\" block in .mif file.";
+    checkRows(
+        head, " -> " + noStart, "Version 300\n  Columns 1\n -> " + noStart,
+        "Columns one\n -> " + noStart,
+        "COLUMNS 0\n -> ERROR 0319 - No attributes specified in .mif file.",
+        "Columns -1\n -> ERROR 0319 - No attributes specified in .mif file.",
+        "columns 2\nA Float\n -> ERROR 0316 - Could not read attribute definitions in .mif file",
+        "Columns 1\nA Float\n Data\nPoint 1 1 -> " + noData, "Columns 1\nA Float -> " + noData,
+        "Columns 1\nA Float\ndATAbase\nPoint 1 1 -> point 1: 1 1,; |1\n");
     std::string mif = " Columns 9\nCOLUMNS 258 and more\n";
     for (int i = 1; i <= 258; ++i) mif += "\t f" + std::to_string(i) + "  Char(5) \n";
-    open(mif + "DATA 1\nPoint 1 1\n");
-    EXPECT_EQ(gisLayer(layer).mif.nAttr, 256);
-    EXPECT_EQ(gisLayer(layer).mif.attrName[255], "\t");
-    EXPECT_EQ(gisLayer(layer).mif.attrType[255], "f256  Char(5)");
-    EXPECT_TRUE(next());
+    EXPECT_EQ(head(mif + "DATA 1\nPoint 1 1\n"), "point 1: 1 1,; |1\n");
+    EXPECT_TRUE(
+        holds(memory::system.console, "\n256 MIF Fields: Name [#/Type]: \t [1/f1  Char(5)]"));
+    EXPECT_TRUE(holds(memory::system.console, "  \t [256/f256  Char(5)]  \n"));
 }
 
 }  // namespace

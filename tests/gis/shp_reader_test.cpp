@@ -1,17 +1,6 @@
-#include <algorithm>
-#include <array>
-#include <filesystem>
-#include <fstream>
-#include <span>
 #include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
 
-#include "gis/layers.h"
-#include "gis/operations.h"
-#include "run/console.h"
-#include "support/in_process_run.h"
+#include "support/layer_text.h"
 #include "support/rows.h"
 #include "support/shape_bytes.h"
 
@@ -19,155 +8,118 @@ namespace vantelgis {
 namespace {
 
 const std::string kBox(32, 'b');
-const std::string kPointAt12 = shpRecord(1, integers({1}) + doubles({1, 2}));
+const std::string kPoint = shpRecord(1, integers({1}) + doubles({1, 2}));
+const std::string kPointText = "point 1: 1 2,; |";
 
 std::string shape(std::int32_t type, std::initializer_list<std::int32_t> counts,
                   std::initializer_list<double> points) {
     return shpRecord(1, integers({type}) + kBox + integers(counts) + doubles(points));
 }
 
-// Writes a.shp of these records and a table with a row for each object, and opens the layer.
-int openLayer(const std::string& records, int rows = 9) {
-    writeFile("a.shp", shpHeader(0, 31, {0, 0, 0, 0}) + records);
-    std::string table = dbfHeader(rows, {{"N", 'N', 1}});
-    for (int row = 1; row <= rows; ++row) table += " " + std::to_string(row);
-    writeFile("a.dbf", table + '\x1a');
-    const int layer = gisOpenLayer("a.SHP", {}, "I ");
-    gisReadHeader(layer);
-    return layer;
+// A layer of these records with a row for each object.
+memory::Files layerOf(const std::string& records) {
+    std::string rows;
+    for (const char row : {'1', '2', '3'}) rows += std::string(" ") + row;
+    return {{"a.shp", shpHeader(0, 31, {0, 0, 0, 0}) + records},
+            {"a.dbf", dbfHeader(3, {{"N", 'N', 1}}) + rows + '\x1a'}};
 }
 
-class ShpReader : public testing::Test {
-  protected:
-    WorkFolder folder;
-    GisObject object;
-    ObjectNodes nodes{100};
-};
-
-TEST_F(ShpReader, GivesRingsWithTheirSecondVertexBehindEach) {
-    // Rings of five, five, two, one and no vertices: just as many nodes as are allowed.
-    ObjectNodes eighteen{18};
-    runInProcess([&] {
-        const int layer = openLayer(shape(
-            5, {5, 13, 0, 5, 10, 12, 13},
-            {0, 0, 9, 1, 9, 9, 0, 9, 0, 0, 2, 2, 2, 4, 4, 4, 4, 2, 2, 2, 5, 6, 7, 8, -1, -2}));
-        ASSERT_TRUE(gisObjectType(layer, object));
-        EXPECT_TRUE(object.region);
-        EXPECT_EQ(object.nr, 5);
-        gisReadObject(layer, object, eighteen);
-    });
-    ASSERT_EQ(eighteen.n, 18);
-    EXPECT_TRUE(std::ranges::equal(std::span(object.ir).first(5), std::array{5, 11, 14, 16, 17}));
-    EXPECT_EQ(eighteen.x,
-              (std::vector<double>{0, 9, 9, 0, 0, 9, 2, 2, 4, 4, 2, 2, 5, 7, 7, -1, -1, -1}));
-    EXPECT_EQ(eighteen.y,
-              (std::vector<double>{0, 1, 9, 9, 0, 1, 2, 4, 4, 2, 2, 4, 6, 8, 8, -2, -2, -2}));
+std::string shpText(const std::string& records, std::int32_t reads = 99) {
+    return layerText(layerOf(records), "a.shp", reads, 18);
 }
 
-TEST_F(ShpReader, PassesOverWhatNobodyReads) {
-    // Of each kind one object that is not read at all, or only in part, in front of a point.
-    const std::pair<std::string, int> unread[] = {
-        {shape(3, {3, 5, 0, 2, 2}, {1, 1, 2, 2, 3, 3, 4, 4, 5, 5}), 0},
-        {shape(3, {3, 5, 0, 2, 2}, {1, 1, 2, 2, 3, 3, 4, 4, 5, 5}), 2},  // the second part is empty
-        {shape(3, {0, 2}, {1, 1, 2, 2}), 0},
-        {shape(5, {2, 3, 0, 1}, {1, 1, 2, 2, 3, 3}), 0},
-        {shape(5, {0, 2}, {1, 1, 2, 2}), 0},
-        {shape(5, {-3, 2}, {1, 1, 2, 2}), 1},
-        {shape(8, {3}, {1, 1, 2, 2, 3, 3}), 0},
-        {shape(8, {3}, {1, 1, 2, 2, 3, 3}), 1},
-        {shpRecord(1, integers({0})), 1},
-        {kPointAt12, 0},
+TEST(ShpReader, ReadsEachKind) {
+    const std::pair<std::string, std::string> rows[] = {
+        // Rings of five, five, two, one and no vertices: just as many nodes as are allowed.
+        {shape(5, {5, 13, 0, 5, 10, 12, 13},
+               {0, 0, 9, 1, 9, 9, 0, 9, 0, 0, 2, 2, 2, 4, 4, 4, 4, 2, 2, 2, 5, 6, 7, 8, -1, -2}),
+         "region 5: 0 0, 9 1, 9 9, 0 9, 0 0, 9 1, 2 2, 2 4, 4 4, 4 2, 2 2, 2 4, 5 6, 7 8, 7 8, -1 "
+         "-2,"
+         " -1 -2, -1 -2,; e5 e11 e14 e16 e17 |1\n"},
+        {shape(3, {3, 5, 0, 2, 2}, {1, 1, 2, 2, 3, 3, 4, 4, 5, 5}) + kPoint,
+         "plines 3: 1 1, 2 2,;; 3 3, 4 4, 5 5,; |1\n" + kPointText + "2\n"},
+        {shape(3, {1, 2, 0}, {1, 1, 2, 3}) + shpRecord(2, integers({0})) + kPoint,
+         "pline 1: 1 1, 2 3,; |1\nnone 1: 1 1, 2 3,; |2\n" + kPointText + "3\n"},
+        {shape(8, {2}, {1, 1, 2, 2}), "points 2: 1 1,; 2 2,; |1\n"},
+        {shape(5, {0, 2}, {1, 1, 2, 2}) + shape(5, {-3, 2}, {1, 1, 2, 2}) + kPoint,
+         "region 0:; |1\nregion -3:; |2\n" + kPointText + "3\n"},
     };
-    for (const auto& row : unread) {
-        bool point = false;
-        runInProcess([&] {
-            const int layer = openLayer(row.first + kPointAt12);
-            ASSERT_TRUE(gisObjectType(layer, object));
-            for (int read = 0; read < row.second; ++read) gisReadObject(layer, object, nodes);
-            point = gisObjectType(layer, object) && object.point;
-            if (point) gisReadObject(layer, object, nodes);
-            EXPECT_TRUE(gisAtEnd(layer));
-            EXPECT_FALSE(gisObjectType(layer, object));
-        });
-        EXPECT_TRUE(point && nodes.xc == 1.0 && nodes.yc == 2.0) << row.first;
-    }
+    for (const auto& [records, text] : rows) EXPECT_EQ(shpText(records), text);
 }
 
-TEST_F(ShpReader, TellsWhatIsWrongWithARecord) {
+TEST(ShpReader, PassesOverWhatIsNotFetched) {
+    const std::string twoParts = shape(3, {2, 3, 0, 2}, {1, 1, 2, 2, 3, 3});
+    const std::string points = shape(8, {3}, {1, 1, 2, 2, 3, 3});
+    const std::string rings = shape(5, {2, 3, 0, 1}, {1, 1, 2, 2, 3, 3});
+    EXPECT_EQ(shpText(twoParts + points + kPoint, 1),
+              "plines 2: 1 1, 2 2,; |1\npoints 3: 1 1,; |2\n" + kPointText + "3\n");
+    EXPECT_EQ(shpText(twoParts + points + rings, 0), "plines 2: |1\npoints 3: |2\nregion 2: |3\n");
+    EXPECT_EQ(shpText(shape(3, {0, 2}, {1, 1, 2, 2}) + rings + kPoint, 0),
+              "unknown 0: |1\nregion 2: |2\npoint 1: |3\n");
+    const std::string cutOff =
+        "ERROR 0425 - End of .shp file encountered whilst reading object type.";
+    for (const std::string& record : {shape(3, {1, 2, 0}, {1, 1, 2}), shape(5, {1, 2, 0}, {1, 1}),
+                                      shape(8, {2}, {}), shpRecord(1, integers({1}))})
+        EXPECT_TRUE(holds(shpText(record + kPoint.substr(0, 7), 0), "|1\n" + cutOff)) << record;
+}
+
+TEST(ShpReader, TellsWhatIsWrongWithARecord) {
     const std::string noTable(40000, '\0');
-    const std::pair<std::string, std::string_view> rows[] = {
-        {"\1", "ERROR 0425 - End of .shp file encountered whilst reading object type.\n"},
-        {kPointAt12.substr(0, 11), "ERROR 0425"},
-        {kPointAt12.substr(0, 27),
-         "ERROR 0430 - End of .shp file encountered whilst reading object coordinates."},
-        {shpRecord(1, integers({15})), "ERROR 0423 - Unsupported .shp object type PolygonZ [15]\n"},
-        {shpRecord(1, integers({-4})), "ERROR 0423 - Unsupported .shp object type Unknown [-4]\n"},
-        {shape(3, {-1, 2}, {1, 1, 2, 2}), "ERROR 0424 - Reading .shp file object type.\n"},
-        {shape(3, {1, -1, 0}, {}), "ERROR 0424"},
-        {shape(3, {2, 2, 0, 3}, {1, 1, 2, 2}), "ERROR 0424"},
-        {shape(3, {1, 2, 1}, {1, 1, 2, 2}), "ERROR 0424"},
-        {shape(3, {3, 4, 0, 2, 1}, {}), "ERROR 0424"},
-        {shape(3, {1, 0x7fffffff, 0}, {1, 1}), "Requested********        Limit     100\n"},
-        {shape(3, {9999, 0}, {}) + noTable, "read"},
-        {shape(3, {10000, 0}, {}) + noTable,
-         "ERROR 0421 - Exceeded maximum number of parts in a .shp polyline.  Limit is 10000\n"},
-        {shape(5, {9999, 0}, {}) + noTable, "Requested    9999        Limit     100\n"},
-        {shape(5, {10000, 0}, {}) + noTable,
-         "ERROR 0422 - Exceeded maximum number of regions within a .shp region.  Limit is 10000\n"},
-        {shape(5, {1, -1, 0}, {}), "ERROR 0429 - Reading .shp file object coordinates.\n"},
-        {shape(5, {2, 2, 0, 3}, {1, 1, 2, 2}), "ERROR 0429"},
-        {shape(5, {1}, {}), "ERROR 0430"},
-        {shape(8, {-1}, {}), "ERROR 0424"},
-        // Nobody reads these; their content is cut off.
-        {kPointAt12 + shape(3, {1, 2, 0}, {1, 1, 2}), "read\n\nERROR 0425"},
-        {kPointAt12 + shape(5, {1, 2, 0}, {1, 1}), "read\n\nERROR 0425"},
-        {kPointAt12 + shape(8, {2}, {}), "read\n\nERROR 0425"},
+    const std::string type = "ERROR 0424 - Reading .shp file object type.";
+    const std::string endOfType =
+        "ERROR 0425 - End of .shp file encountered whilst reading object type.";
+    const std::string coordinates = "ERROR 0429 - Reading .shp file object coordinates.";
+    const std::string endOfCoordinates =
+        "ERROR 0430 - End of .shp file encountered whilst reading object coordinates.";
+    const auto tooMany = [](std::string_view requested) {
+        return "ERROR 0310 - Exceeded number of allowable nodes in a single .shp polyline or "
+               "region."
+               "\n             Requested" +
+               std::string(requested) + "        Limit      18";
     };
-    for (const auto& row : rows) {
-        const auto run = runInProcess([&] {
-            const int layer = openLayer(row.first);
-            gisObjectType(layer, object);
-            gisReadObject(layer, object, nodes);
-            consoleLine("read");
-            while (gisObjectType(layer, object)) continue;
-        });
-        EXPECT_TRUE(holds(run.console, row.second));
+    const std::pair<std::string, std::string> rows[] = {
+        {"\1", endOfType},
+        {kPoint.substr(0, 11), endOfType},
+        {kPoint.substr(0, 27), "point 1:" + endOfCoordinates},
+        {shpRecord(1, integers({15})), "ERROR 0423 - Unsupported .shp object type PolygonZ [15]"},
+        {shpRecord(1, integers({-4})), "ERROR 0423 - Unsupported .shp object type Unknown [-4]"},
+        {shpRecord(1, integers({33})), "ERROR 0423 - Unsupported .shp object type Unknown [33]"},
+        {shpRecord(1, integers({31})), "ERROR 0423 - Unsupported .shp object type MultiPatch [31]"},
+        {shape(3, {-1, 2}, {1, 1, 2, 2}), type},
+        {shape(3, {1, -1, 0}, {}), type},
+        {shape(3, {2, 2, 0, 3}, {1, 1, 2, 2}), type},
+        {shape(3, {1, 2, 1}, {1, 1, 2, 2}), type},
+        {shape(3, {3, 4, 0, 2, 1}, {}), type},
+        {shape(3, {1, 0x7fffffff, 0}, {1, 1}), "pline 1:" + tooMany("********")},
+        {shape(3, {1, 19, 0}, {1, 1}), "pline 1:" + tooMany("      19")},
+        {shape(3, {9999, 18}, {}) + noTable, endOfType},
+        {shape(3, {10000, 0}, {}) + noTable,
+         "ERROR 0421 - Exceeded maximum number of parts in a .shp polyline.  Limit is 10000"},
+        {shape(5, {9999, 0}, {}) + noTable, "region 9999:" + tooMany("    9999")},
+        {shape(5, {10000, 0}, {}) + noTable,
+         "ERROR 0422 - Exceeded maximum number of regions within a .shp region.  Limit is 10000"},
+        {shape(5, {2, 17, 0, 8}, {}), "region 2:" + tooMany("      19")},
+        {shape(5, {1, -1, 0}, {}), "region 1:" + coordinates},
+        {shape(5, {2, 2, 0, 3}, {1, 1, 2, 2}), "region 2:" + coordinates},
+        {shape(5, {1}, {}), "region 1:" + endOfCoordinates},
+        {shape(8, {-1}, {}), type},
+    };
+    for (const auto& [records, message] : rows) {
+        const std::string text = shpText(records);
+        EXPECT_TRUE(text == message || holds(text, "\n" + message)) << text;
     }
 }
 
-TEST_F(ShpReader, ReadsPointsThatReachOverTheBuffersEnd) {
+TEST(ShpReader, ReadsPointsThatReachOverTheBuffersEnd) {
     constexpr std::int32_t kCount = 40'000;  // 640,000 bytes; the buffer holds 262,144
-    std::string points;
-    ObjectNodes many{kCount};
-    std::vector<double> x, y;
+    std::string points, text = "pline 1:";
     for (std::int32_t i = 0; i < kCount; ++i) {
-        x.push_back(i + 0.25), y.push_back(-i - 0.5);
-        points += doubles({x.back(), y.back()});
+        points += doubles({i + 0.25, -i - 0.5});
+        text += ' ' + std::to_string(i) + ".25 -" + std::to_string(i) + ".5,";
     }
-    runInProcess([&] {
-        const int layer = openLayer(shape(3, {1, kCount, 0}, {}) + points);
-        ASSERT_TRUE(gisObjectType(layer, object));
-        gisReadObject(layer, object, many);
-    });
-    EXPECT_TRUE(many.n == kCount && many.x == x && many.y == y);
-}
-
-TEST_F(ShpReader, CountsPositionsIn64Bits) {
-    // A point behind a multipoint of 34 GB, most of which is a hole in the file.
-    constexpr std::int32_t kCount = 0x7fffffff;
-    const std::string multiPoint = shape(8, {kCount}, {});
-    runInProcess([&] {
-        const int layer = openLayer(multiPoint);
-        const std::int64_t end = 100 + std::ssize(multiPoint) + std::int64_t{16} * kCount;
-        std::filesystem::resize_file("a.shp", static_cast<std::uintmax_t>(end));
-        std::ofstream("a.shp", std::ios::binary | std::ios::app) << kPointAt12;
-        ASSERT_TRUE(gisObjectType(layer, object));
-        ASSERT_TRUE(gisObjectType(layer, object));
-        EXPECT_TRUE(object.point);
-        gisReadObject(layer, object, nodes);
-        EXPECT_TRUE(gisAtEnd(layer));
-    });
-    EXPECT_EQ(nodes.xc, 1.0);
+    const std::string read =
+        layerText(layerOf(shape(3, {1, kCount, 0}, {}) + points), "a.shp", 1, kCount);
+    EXPECT_TRUE(read == text + "; |1\n") << read.substr(0, 100);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "driver/snapping.h"
+#include "convert/snapping.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "driver/interpolation.h"
+#include "convert/interpolation.h"
 
 #include <sstream>
 #include <string>

@@ -1,0 +1,222 @@
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "gis/layer_table.h"
+#include "run/console.h"
+#include "support/layer_text.h"
+#include "support/rows.h"
+#include "support/shape_bytes.h"
+
+namespace vantelgis {
+namespace {
+
+using enum ObjectKind;
+constexpr double kMost = std::numeric_limits<double>::max();
+constexpr double kFar = 9.000000135427196E+29;  // 9.0E29 as a 32-bit number
+constexpr FieldDefinition kOneField[] = {{"Z", "Integer", 0}};
+
+void write(int layer, ObjectKind kind, std::vector<double> x, std::vector<double> y,
+           std::string_view row, const std::vector<std::int32_t>& parts = {}) {
+    OutputNodes nodes{x, y};
+    gisWriteObject(layer, {kind, 1, parts, "KIND"}, nodes, row);
+}
+
+// What a run left in a file; a table comes without its date.
+std::string left(const std::string& name) {
+    std::string bytes = memory::system.files[name];
+    return name.ends_with(".dbf") ? bytes.replace(1, 3, 3, '\0') : bytes;
+}
+
+// The readers are tested with files made by hand; here they look at what was written.
+memory::Files written(std::string_view name) {
+    consoleOf({}, [name] {
+        int layer = gisCreateLayer(name, "PlR", kOneField);
+        const std::vector<double> x{1, 4, 4, 2, 2, 1}, y{5, 5, 8, 7, 6, 5};
+        write(layer, multiPolyline, x, y, "7", {0, 4});
+        write(layer, region, x, y, "123456789");
+        write(layer, multiPoint, {1, 2}, {3, 4}, "-1");
+        write(layer, none, {}, {}, "x");
+        write(layer, point, {9}, {8}, "8");
+        write(layer, text, {1, 2, 3}, {4, 5, 6}, "t");
+        write(layer, polyline, {}, {}, "9");
+        write(layer, line, {1, 2}, {3, 4}, "0");
+        write(layer, multiPolyline, {1}, {2}, "1");
+        write(layer, region, {0, 1, 3, 4, 4, 1}, {0, 2, 3, 4, 6, 2}, "2", {0, 2});
+        gisCloseLayer(layer);
+    });
+    return memory::system.files;
+}
+
+TEST(Writers, WriteWhatReadersFind) {
+    const std::string parts = "plines 2: 1 5, 4 5, 4 8,; 2 7, 2 6, 1 5,; |";
+    const std::string area = "region 1: 1 5, 4 5, 4 8, 2 7, 2 6, 1 5, 4 5,; e6 |";
+    const std::string areas = "region 2: 0 0, 0 0, 1 2, 3 3, 4 4, 4 6, 1 2, 3 3,; e1 e7 |";
+    const memory::Files mif = written("a.mif");
+    EXPECT_EQ(layerText(mif, "a.mif"),
+              parts + "7\n" + area + "123456789\npoints 2: 1 3,; 2 4,; |-1\nnone 1: 2 4,; |x\n" +
+                  "point 1: 9 8,; |8\ntext 1: 9 8,; |t\npline 1:; |9\nline 1: 1 3, 2 4,; |0\n" +
+                  "plines 1: 1 2,; |1\n" + areas + "2\n");
+    EXPECT_TRUE(holds(mif.at("a.mif"),
+                      "Text\r\nt\r\n               2.000           5.000           3.000"
+                      "           6.000\r\nPline 0\r\nLine         1.000000        3.000000"));
+    const memory::Files shp = written("a.shp");
+    EXPECT_EQ(layerText(shp, "a_P.shp"),
+              "points 2: 1 3,; 2 4,; |      -1\nnone 1: 2 4,; |       x\npoint 1: 9 8,; |       8\n"
+              "point 1: 1 4,; |       t\n");
+    EXPECT_EQ(layerText(shp, "a_l.shp"),
+              parts + "       7\nnone 1: 2 7, 2 6, 1 5,; |       x\npline 1:; |       9\n" +
+                  "pline 1: 1 3, 2 4,; |       0\npline 1: 1 2,; |       1\n");
+    EXPECT_EQ(layerText(shp, "a_R.shp"),
+              area + "12345678\nnone 1: 1 5, 4 5, 4 8, 2 7, 2 6, 1 5, 4 5,; |       x\n" + areas +
+                  "       2\n");
+    EXPECT_TRUE(holds(shp.at("a_l.shp"), integers({3}) + doubles({kMost, kMost, -kMost, -kMost})));
+}
+
+TEST(Writers, RefuseWhatTheyCannotWrite) {
+    const std::string contact = " - please contact support@vantelgis.example.";
+    const struct {
+        const char* name;
+        ObjectKind kind;
+        std::vector<std::int32_t> parts;
+        std::string message;
+    } rows[] = {
+        {"a.mif",
+         arc,
+         {},
+         "ERROR 0350 - Trying to write a MIF object that is not yet supported.  Please contact "
+         "support@vantelgis.example."},
+        {"a.shp",
+         arc,
+         {},
+         "Should not be here [gisWriteObject-shp].  Please contact support@vantelgis.example."},
+        {"a.mif", text, {}, " Should not be here [gisWriteObject]" + contact},
+        {"a.mif", polyline, {1, 3}, " Should not be here [gisWriteObject]" + contact},
+        // Two parts that begin at one node.
+        {"a.mif",
+         multiPolyline,
+         {0, 1},
+         " Should not be here [gisO_%ir(i) <= gisO_%ir(i-1)]" + contact +
+             "\nGIS Layer   =    1\ni           =    2\ngisO_%ir(i) =    1\ngisO_%nr    =    2"},
+    };
+    for (const auto& row : rows) {
+        const std::string console = consoleOf({}, [&row] {
+            write(gisCreateLayer(row.name, "P", kOneField), row.kind, {1, 2}, {3, 4}, "",
+                  row.parts);
+        });
+        EXPECT_TRUE(console.ends_with("\n" + row.message + "\n\nPress Enter to Close\n"))
+            << console;
+    }
+}
+
+TEST(MifWriter, GivesPointsTheTextOfTheirNode) {
+    consoleOf({}, [] {
+        const std::vector<double> x{1234567890, 1}, y{-0.0000004, 2};
+        OutputNodes nodes{x, y};
+        int layer = gisCreateLayer("a", "L", {});
+        gisWritePoint(layer, nodes, 1, "before");
+        gisWriteObject(layer, {polyline}, nodes, "line");
+        gisWritePoint(layer, nodes, 0, "behind");
+        nodes.assign(y, y);
+        gisWritePoint(layer, nodes, 0, "others");
+        gisCloseLayer(layer);
+    });
+    const std::string all = left("a.mif"), first = "****************       -0.000000\r\n";
+    const std::string second = "        1.000000        2.000000\r\n";
+    EXPECT_EQ(all.substr(all.find("Point")), "Point " + second + "Pline 2\r\n" + first + second +
+                                                 "Point " + first +
+                                                 "Point        -0.000000       -0.000000\r\n");
+    EXPECT_EQ(left("a.mid"), "before\r\nline\r\nbehind\r\nothers\r\n");
+}
+
+TEST(ShpWriter, LeavesHeadersThatNothingWidened) {
+    consoleOf({}, [] {
+        int layer = gisCreateLayer("out.shp", "PLLp ", kOneField);
+        gisCloseLayer(layer);
+        layer = gisCreateLayer("none.shp", "P", kOneField);
+        write(layer, none, {}, {}, "1");
+        gisCloseLayer(layer);
+    });
+    EXPECT_EQ(left("out_L.shp"), shpHeader(50, 3, {0, 0, -1, -1}));
+    EXPECT_EQ(left("out_P.shx"), shpHeader(50, 1, {0, 0, -1, -1}));
+    EXPECT_EQ(left("out_P.dbf"), dbfHeader(0, {{"Z", 'N', 8}}) + '\x1a');
+    EXPECT_EQ(left("none_P.shx"), shpHeader(54, 1, {kFar, kFar, -kFar, -kFar}) + big(50) + big(2));
+}
+
+TEST(DbfWriter, FillsTheFieldsOfATable) {
+    consoleOf({}, [] {
+        constexpr FieldDefinition kFields[] = {{"  road name_too", "  char(9)", 5},
+                                               {"?", "LogicalX", 9},
+                                               {"A", "Float", 3},
+                                               {"", "decimal", 200}};
+        int layer = gisCreateLayer("out.shp", "P", kFields);
+        write(layer, point, {1}, {1}, R"("a b cd", yes, 1.5, 12345)");
+        write(layer, point, {1}, {1}, "  x,,2*-2");
+        gisCloseLayer(layer);
+    });
+    EXPECT_EQ(
+        left("out_P.dbf"),
+        dbfHeader(2, {{"roadname_t", 'C', 5}, {"X", 'C', 1}, {"A", 'N', 16, 5}, {"X", 'N', 200}}) +
+            " a b cy             1.5" + std::string(195, ' ') + "12345" +
+            " x    y              -2" + std::string(198, ' ') + "-2" + '\x1a');
+}
+
+TEST(DbfWriter, TellsWhichFieldsDoNotFit) {
+    const struct {
+        std::size_t n;
+        FieldDefinition field;
+        std::string_view message;
+    } rows[] = {
+        {129,
+         {"F", "Float", 0},
+         "ERROR 0411 - Exceeded maximum number of dbf Fields trying to write dbf file."},
+        {0, {}, "ERROR 0319 - No attributes specified when writing .dbf file.\n"},
+        {1, {"F", "Date", 8}, " Should not be here [Unrecognised DBF field] - please contact"},
+        {1,
+         {"F", "Char", 0},
+         "ERROR 0412 - dbf field length of 0 is outside allowable range of 1 to 255"},
+        {1, {"F", "Char", 256}, "ERROR 0412 - dbf field length of 256"},
+        {2, {"F", "Char", 32768}, " Should not be here [dbfTotLen>32767] - please contact"},
+        {2, {"F", "Char", 32767}, "ERROR 0412 - dbf field length of 32767"},
+        {1, {"F", "Char", -2}, " Should not be here [i2u: i4 outside range] - please contact"},
+        {128, {"F", "Char", 255}, "written"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_TRUE(holds(consoleOf({},
+                                    [&] {
+                                        gisCreateLayer("out.shp", "P",
+                                                       std::vector(row.n, row.field));
+                                        consoleLine("written");
+                                    }),
+                          row.message));
+    }
+}
+
+TEST(ShpWriter, StopsBeforeItsNumbersOverflow) {
+    constexpr std::int32_t kLast = std::numeric_limits<std::int32_t>::max();
+    const struct {
+        std::int32_t offset;
+        std::int32_t recordNo;
+        std::string_view message;
+    } rows[] = {
+        {kLast - 14, kLast - 1, "written"},
+        {kLast - 13, 0, "ERROR 0439 - Writing .shp file object coordinates.\n"},
+        {50, kLast, "ERROR 0419 - Exceeded dbf limit of 2,147,483,647 records.  Please contact "},
+    };
+    for (const auto& row : rows) {
+        const memory::Files older{{"out_P.shp", std::string(5000, 'x')}};
+        EXPECT_TRUE(holds(consoleOf(older,
+                                    [&] {
+                                        const int layer = gisCreateLayer("out.shp", "P", kOneField);
+                                        gisLayer(layer).shp[0].offset = row.offset;
+                                        gisLayer(layer).dbf[0].recordNo = row.recordNo;
+                                        write(layer, point, {1}, {1}, "1");
+                                        consoleLine("written");
+                                    }),
+                          row.message));
+    }
+    EXPECT_EQ(left("out_P.shp").size(), 128U);  // of a stopped run, with its only point
+}
+
+}  // namespace
+}  // namespace vantelgis
