@@ -41,6 +41,7 @@ constexpr Rule kReading[] = {
     {".dbf", "", "ERROR 0403 - Reading .dbf file header."},
     {".dbf", kDbfEndOfHeader, "ERROR 0407 - Reading .dbf record."},
     {".12da", "", "WARNING - Problems finding start of data in .12da file"},
+    {".12da", "", "ERROR - Reading file site.12da"},  // the test for a mark at its start
     {".12da", "string 3d {", "ERROR - Reading file site.12da"},
 };
 // The same for everything that goes wrong with an output, by where it is written: the first bytes
@@ -105,11 +106,14 @@ bool readFaultIsTold() {
     }
     if (system.console.find("\nFile 1: ") == std::string::npos)
         return stopsWith("ERROR - Reading data\n", kBarePrompt);  // reading the projection
-    const Rule* holds = nullptr;
+    std::string_view from;  // of the last rule that begins to hold in front of the place
     for (const Rule& rule : kReading) {
-        if (failed.name.ends_with(rule.ending) && bytes.find(rule.from) <= place) holds = &rule;
+        if (failed.name.ends_with(rule.ending) && bytes.find(rule.from) <= place) from = rule.from;
     }
-    return holds != nullptr && stopsWith(holds->message, kPromptToClose);
+    return std::ranges::any_of(kReading, [&](const Rule& rule) {
+        return failed.name.ends_with(rule.ending) && rule.from == from &&
+               stopsWith(rule.message, kPromptToClose);
+    });
 }
 
 // A write is told in the words of its place, all else in any of its file's.

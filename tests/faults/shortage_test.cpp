@@ -58,7 +58,8 @@ TEST(TooLittleMemory, EndsTheRunWithAWord) {
             granted = n;
             refused = false;
             runAfresh(run);
-            const bool told = memory::system.console.ends_with("ERROR - Out of memory\n") ||
+            const bool told = memory::system.console.ends_with(
+                                  "\nERROR - Out of memory\n\nPress Enter to Close\n") ||
                               consoleHas("\nERROR - Could not allocate enough memory (RAM).\n");
             granted = -1;
             ASSERT_EQ(told, refused) << run.name << n << memory::system.console;

@@ -19,7 +19,7 @@ constexpr FieldDefinition kOneField[] = {{"Z", "Integer", 0}};
 TEST(LargeFiles, AreReadToTheirEnd) {
     constexpr std::int32_t kCount = 0x7fffffff;  // points of 34 GB
     const std::string head =
-        shpHeader(0, 8, {}) +
+        shpHeader(0, 8, {0, 0, 0, 0}) +
         shpRecord(1, integers({8}) + std::string(32, '\0') + integers({kCount}));
     const WorkFolder folder;
     writeFile("a.shp", head);
@@ -28,7 +28,7 @@ TEST(LargeFiles, AreReadToTheirEnd) {
     std::ofstream("a.shp", std::ios::binary | std::ios::app)
         << shpRecord(2, integers({1}) + doubles({1, 2}));
     ObjectNodes nodes{2};
-    runInProcess([&] {
+    const RunResult run = runInProcess([&] {
         GisObject object;
         const int layer = gisOpenLayer("a.shp");
         gisReadHeader(layer);
@@ -36,7 +36,7 @@ TEST(LargeFiles, AreReadToTheirEnd) {
         gisReadObject(layer, object, nodes);
         EXPECT_TRUE(object.kind == ObjectKind::point && gisAtEnd(layer));
     });
-    EXPECT_EQ(nodes.x[0], 1.0);
+    EXPECT_EQ(nodes.x[0], 1.0) << run.console;
 }
 
 TEST(LargeFiles, AreFinishedAtTheirHeader) {
