@@ -12,6 +12,8 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 EXCEPTIONS = {
     "ERROR - Unable to detect any existing attributes.":
         "both readers of layers refuse one without fields before",
+    "ERROR - An argument is not valid text.":
+        "only on Windows can an argument be no text",
     "ERROR 0322 - End of .mif file encountered whilst reading object type.":
         "the scanner asks for the end of the file before it reads a line",
 }
