@@ -23,6 +23,7 @@ the program got wrong. Never commit a recording unread.
 import argparse
 import concurrent.futures
 import datetime
+import difflib
 import os
 import pathlib
 import re
@@ -118,36 +119,16 @@ def visible(line):
     return "".join(c if " " <= c <= "~" else c.encode("unicode_escape").decode() for c in text)
 
 
-def first_difference(one, other):
-    pairs = enumerate(zip(one, other))
-    return next((i for i, pair in pairs if pair[0] != pair[1]), min(len(one), len(other)))
-
-
-def line_difference(expected, actual):
-    expected, actual = expected.split(b"\n"), actual.split(b"\n")
-    first = first_difference(expected, actual)
-    report = [f"    line {first + 1} differs"]
-    report += [f"      {visible(line)}" for line in expected[max(0, first - 2):first]]
-    for mark, lines in ("-", expected), ("+", actual):
-        report += [f"    {mark} {visible(line)}" for line in lines[first:first + 3]]
-        if first >= len(lines):
-            report.append(f"    {mark} (nothing more)")
-    return report
-
-
-def byte_difference(expected, actual):
-    first = first_difference(expected, actual)
-    start = first // 16 * 16
-    return [f"    {len(expected)} bytes expected, {len(actual)} found; byte {first} differs",
-            f"    - {start:6}: {expected[start:start + 32].hex(' ')}",
-            f"    + {start:6}: {actual[start:start + 32].hex(' ')}"]
+def shown(name, data):
+    """The lines of a text, or of a dump of a binary file."""
+    if pathlib.Path(name).suffix.lower() not in BINARY_SUFFIXES:
+        return [visible(line) for line in data.split(b"\n")]
+    return [f"{at:6}: {data[at:at + 16].hex(' ')}" for at in range(0, len(data), 16)]
 
 
 def difference(name, expected, actual):
-    if expected == actual:
-        return []
-    binary = pathlib.Path(name).suffix.lower() in BINARY_SUFFIXES
-    return [f"  {name}:"] + (byte_difference if binary else line_difference)(expected, actual)
+    lines = difflib.unified_diff(shown(name, expected), shown(name, actual), n=2, lineterm="")
+    return [f"  {name}:"] + [f"    {line}" for line in lines][2:40] if expected != actual else []
 
 
 def faults_of(program, case):

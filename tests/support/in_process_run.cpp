@@ -9,11 +9,9 @@
 #include <sstream>
 #include <stdexcept>
 #include <system_error>
-#include <utility>
 
 #include "run/console.h"
 #include "run/opener.h"
-#include "run/platform.h"
 #include "run/units.h"
 #include "support/fresh_start.h"
 
@@ -21,77 +19,47 @@ namespace vantelgis {
 
 namespace {
 
-// A standard stream and the scratch file to which it leads for as long as a run takes.
-class ScratchStream {
-  public:
-    explicit ScratchStream(int stream)
-        : stream_(stream),
-          original_(dup(stream)),
-          name_((std::filesystem::temp_directory_path() / "vantelgis-test-XXXXXX").string()),
-          scratch_(mkstemp(name_.data())) {
-        if (scratch_ < 0) throw std::runtime_error("no scratch file");
-    }
-    ~ScratchStream() {
-        close(scratch_);
-        std::remove(name_.c_str());
-    }
-    ScratchStream(const ScratchStream&) = delete;
-    ScratchStream& operator=(const ScratchStream&) = delete;
+std::string shown;  // on the console since a run began
 
-    void redirect(std::string_view text) const {
-        lseek(scratch_, 0, SEEK_SET);
-        const auto size = static_cast<unsigned>(text.size());
-        if (ftruncate(scratch_, 0) != 0 ||
-            std::cmp_not_equal(write(scratch_, text.data(), size), size))
-            throw std::runtime_error("scratch file not written");
-        lseek(scratch_, 0, SEEK_SET);
-        dup2(scratch_, stream_);
+// Standard input holds a text for as long as this lives.
+class Typed {
+  public:
+    explicit Typed(std::string_view text) : text_(std::tmpfile()), original_(dup(STDIN_FILENO)) {
+        if (text_ == nullptr) throw std::runtime_error("no scratch file");
+        std::fwrite(text.data(), 1, text.size(), text_);
+        std::rewind(text_);
+        dup2(fileno(text_), STDIN_FILENO);
     }
-    [[nodiscard]] std::string restore() const {
-        dup2(original_, stream_);
-        const auto size = static_cast<unsigned>(lseek(scratch_, 0, SEEK_END));
-        std::string text(size, '\0');
-        lseek(scratch_, 0, SEEK_SET);
-        if (std::cmp_not_equal(read(scratch_, text.data(), size), size))
-            throw std::runtime_error("scratch file not read");
-        return text;
+    ~Typed() {
+        dup2(original_, STDIN_FILENO);
+        close(original_);
+        std::fclose(text_);
     }
+    Typed(const Typed&) = delete;
+    Typed& operator=(const Typed&) = delete;
 
   private:
-    int stream_;
+    std::FILE* text_;
     int original_;
-    std::string name_;
-    int scratch_;
 };
-
-// The console's lines with the line end that the tests write.
-std::string withPlainLineEnds(std::string text) {
-    const std::string_view lineEnd = platform::consoleLineEnd();
-    for (std::size_t at = 0; (at = text.find(lineEnd, at)) != std::string::npos; ++at)
-        text.erase(at, lineEnd.size() - 1);
-    return text;
-}
 
 }  // namespace
 
 RunResult runInProcess(const std::function<void()>& body, std::string_view typed) {
-    static const ScratchStream output{STDOUT_FILENO};
-    static const ScratchStream input{STDIN_FILENO};
-    output.redirect({});
-    input.redirect(typed);
-    RunResult result;
+    const Typed input{typed};
+    bool ended = false;
     freshStart();
+    shown.clear();
+    setConsoleSink([](std::string_view text) { shown += text; });
     try {
         body();
     } catch (const ProcessEnd&) {
-        result.ended = true;
+        ended = true;
     }
     consoleFlush();
-    consoleReset();
-    result.console = withPlainLineEnds(output.restore());
-    (void)input.restore();
+    setConsoleSink(nullptr);
     initialiseUnits(1000);  // closes what a body that returned left open
-    return result;
+    return {shown, ended};
 }
 
 RunResult runOnFile(std::string_view bytes, std::string_view mode,

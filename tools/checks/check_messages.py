@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Every message of the program is met by a test: each text in src/ that begins with ERROR, WARNING or
-CHECK stands in a test program or in the expected console of a case."""
+CHECK stands in a test program or in the expected console of a case. The messages page of the guide
+tells every numbered one, and none that isn't there."""
 
 import pathlib
 import re
@@ -20,6 +21,7 @@ EXCEPTIONS = {
 
 LITERAL = re.compile(r'"((?:[^"\\\n]|\\.)*)"(?:\s*"((?:[^"\\\n]|\\.)*)")*')
 PIECE = re.compile(r'"((?:[^"\\\n]|\\.)*)"')
+NUMBERED = re.compile(r"\b(?:ERROR|WARNING|CHECK) \d{4}\b")
 MESSAGE = re.compile(r"(?:ERROR|WARNING|CHECK) (?:\d{4}|-)")
 
 
@@ -50,6 +52,22 @@ def expectations():
     return "\n".join(consoles + sources)
 
 
+def guide_faults(found):
+    page = (ROOT / "docs" / "messages.md").read_text("utf-8")
+    known = set(NUMBERED.findall("\n".join(found)))
+    told = set(NUMBERED.findall(page))
+    faults = [f"docs/messages.md: {message} is not told" for message in sorted(known - told)]
+    faults += [f"docs/messages.md: no such message: {message}" for message in sorted(told - known)]
+    code = "\n".join(text for path in (ROOT / "src").rglob("*.cpp")
+                     for text in literals(path.read_text("utf-8")))
+    for words in re.findall(r"^\| `([^`]+)`", page, flags=re.MULTILINE):
+        # The other messages are told by their first words; a name may stand between the ends.
+        pieces = words.split(" - ")[-1].strip(".").split()
+        if not NUMBERED.match(words) and not (pieces[0] in code and " ".join(pieces[-2:]) in code):
+            faults.append(f"docs/messages.md: no such message: {words}")
+    return faults
+
+
 def main():
     expected = expectations()
     found = messages()
@@ -60,6 +78,7 @@ def main():
             faults.append(f"{path}: {'met all the same' if excused else 'no test meets'}: {message}")
     faults += [f"check_messages.py: no such message: {beginning}" for beginning in EXCEPTIONS
                if not any(message.startswith(beginning) for message in found)]
+    faults += guide_faults(found)
     print("\n".join(faults + [f"{len(found)} messages, {len(faults)} fault(s)"]))
     return 1 if faults else 0
 
