@@ -64,7 +64,7 @@ struct ObjectNodes {
     [[nodiscard]] std::size_t size() const { return static_cast<std::size_t>(n); }
 
     std::int32_t maxNodes;
-    std::int32_t n = 0;     ///< nodes of this object
+    std::int32_t n = 0;                              ///< nodes of this object
     std::vector<double> x = std::vector<double>(2);  ///< node 1 at index 0; at least two
     std::vector<double> y = std::vector<double>(2);
     std::vector<std::int32_t> ringEnds;  ///< of a region: the node of each polygon's last vertex

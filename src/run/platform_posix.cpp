@@ -57,7 +57,7 @@ std::string inputName(std::string_view name) {
 int openFlags(Access access) {
     switch (access) {
         case Access::read: return O_RDONLY;
-        case Access::replace: return O_WRONLY | O_CREAT;
+        case Access::replace:
         case Access::keep: return O_WRONLY | O_CREAT;
         case Access::append: return O_WRONLY | O_CREAT | O_APPEND;
         case Access::readWrite: return O_RDWR | O_CREAT;
