@@ -1,7 +1,6 @@
 #include "text/number_field.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -16,11 +15,13 @@ __extension__ using Wide = unsigned __int128;
 
 constexpr int kMaxDecimals = 19;
 constexpr int kMostDigits = 20;
-constexpr auto kPowersOfTen = [] {
-    std::array<std::uint64_t, kMaxDecimals + 1> powers{1};
-    for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
-    return powers;
-}();
+struct PowersOfTen {
+    std::uint64_t of[kMaxDecimals + 1] = {1};
+    constexpr PowersOfTen() {
+        for (int i = 1; i <= kMaxDecimals; ++i) of[i] = of[i - 1] * 10;
+    }
+};
+constexpr PowersOfTen kPowersOfTen;
 
 // The hundred pairs 00 to 99: two digits are written at a time.
 struct DigitPairs {
@@ -62,7 +63,7 @@ void writeDigits(char* out, std::uint64_t value) {
 int countDigits(std::uint64_t value) {
     const int bits = static_cast<int>(std::bit_width(value | 1));
     const int atLeast = bits * 1233 >> 12;  // times the logarithm of 2
-    return atLeast + (value >= kPowersOfTen[atLeast] ? 1 : 0) + (value == 0 ? 1 : 0);
+    return atLeast + (value >= kPowersOfTen.of[atLeast] ? 1 : 0) + (value == 0 ? 1 : 0);
 }
 
 char* asterisks(char* out, int width) {
@@ -90,7 +91,7 @@ std::uint64_t scaledToNearest(std::uint64_t bits, int decimals) {
     std::uint64_t mantissa = bits & ((std::uint64_t{1} << 52) - 1);
     if (biased != 0) mantissa |= std::uint64_t{1} << 52;
     const int shift = 1075 - (biased != 0 ? biased : 1);  // |value| = mantissa / 2^shift
-    const Wide scaled = static_cast<Wide>(mantissa) * kPowersOfTen[decimals];
+    const Wide scaled = static_cast<Wide>(mantissa) * kPowersOfTen.of[decimals];
     if (shift <= 0) return static_cast<std::uint64_t>(scaled << -shift);
     if (shift >= 127) return 0;  // scaled is below 2^117, less than half a unit
     if (shift < 64) {
@@ -127,7 +128,7 @@ char* fixedField(char* out, double value, int width, int decimals) {
         return rightJustified(out, width, word);
     }
     constexpr double kLimit = 9223372036854775808.0;  // 2^63
-    if (!(std::fabs(value) * static_cast<double>(kPowersOfTen[decimals]) < kLimit / 2))
+    if (!(std::fabs(value) * static_cast<double>(kPowersOfTen.of[decimals]) < kLimit / 2))
         return largeField(out, value, width, decimals);
 
     std::uint64_t bits;
@@ -137,7 +138,7 @@ char* fixedField(char* out, double value, int width, int decimals) {
 
     const int wholeDigits = std::max(countDigits(scaled) - decimals, 1);
     int length = (negative ? 1 : 0) + wholeDigits + 1 + decimals;
-    if (length == width + 1 && scaled < kPowersOfTen[decimals] && decimals > 0)
+    if (length == width + 1 && scaled < kPowersOfTen.of[decimals] && decimals > 0)
         --length;  // the zero before the point gives way
     if (length > width) return asterisks(out, width);
 
