@@ -23,7 +23,7 @@ enum class Access {
 };
 
 /// Whether others may have the file open meanwhile. An output that another run is writing isn't
-/// opened, nor cut: on POSIX an advisory lock tells the runs from each other, where the file is a
+/// opened, nor cut: on POSIX an advisory lock keeps the runs apart, where the file is a
 /// regular one and its file system has locks.
 enum class Sharing {
     full,

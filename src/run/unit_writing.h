@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -53,8 +54,7 @@ class OutputLine {
     /// Text, or bytes, as they stand.
     void text(std::string_view s) {
         if (roomLeft() < s.size()) return longText(s);
-        std::memcpy(out_, s.data(), s.size());
-        out_ += s.size();
+        out_ = std::copy(s.begin(), s.end(), out_);  // also fine with no text at all
     }
     /// A number field, see fixedField; `width` is at most kMaxFieldWidth.
     void fixed(double value, int width, int decimals) {
@@ -92,16 +92,6 @@ class OutputLine {
     char* out_;
     const char* limit_;
 };
-
-/// A number field, see fixedField.
-inline void putFixed(int unit, double value, int width, int decimals) {
-    commit(unit, fixedField(reserve(unit, kMaxFieldWidth), value, width, decimals));
-}
-
-/// An integer in its shortest form.
-inline void putInteger(int unit, std::int64_t value) {
-    put(unit, IntegerText(value));
-}
 
 /// One number in the byte order of the unit's mode.
 template <typename Number>
