@@ -2,121 +2,110 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <random>
-#include <string>
 #include <vector>
 
 namespace vantelgis {
 namespace {
 
-struct Place {
-    double x;
-    double y;
-};
-struct Layout {
-    std::string name;
-    std::vector<Place> points;
-    std::vector<Place> vertices;
-};
-
+using Place = std::array<double, 2>;
+using Places = std::vector<Place>;
 constexpr double kTolerance = 0.0010000000474974513;
 
-std::int32_t scan(const std::vector<Place>& points, Place vertex) {
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        if (std::abs(points[i].x - vertex.x) < kTolerance &&
-            std::abs(points[i].y - vertex.y) < kTolerance)
-            return static_cast<std::int32_t>(i);
+// The search gives each vertex what a scan of the points gives: the first that is near enough.
+void expectScanned(const char* layout, const Places& places, const Places& vertices) {
+    BreaklinePoints points;
+    for (const auto& [x, y] : places) points.add(x, y, 0);
+    points.index();
+    int wrong = 0;
+    for (const Place& v : vertices) {
+        const auto first = std::ranges::find_if(places, [&v](const Place& p) {
+            return std::abs(p[0] - v[0]) < kTolerance && std::abs(p[1] - v[1]) < kTolerance;
+        });
+        const auto expected = first == places.end() ? kNoPoint : first - places.begin();
+        std::int32_t found = 0;
+        points.find({v.data(), 1}, {&v[1], 1}, {&found, 1});
+        if (found != expected && ++wrong < 4)
+            ADD_FAILURE() << layout << ": " << v[0] << ", " << v[1] << " gives " << found;
     }
-    return kNoPoint;
-}
-
-// Every combination of two values.
-template <typename... Values>
-std::vector<Place> pairsOf(Values... values) {
-    std::vector<Place> places;
-    for (const double x : {values...})
-        for (const double y : {values...}) places.push_back({x, y});
-    return places;
+    EXPECT_EQ(wrong, 0) << layout;
 }
 
 // Points scattered over `extent` from `corner`, as multiples of `grid` if that is not 0; vertices
-// beside them, up to 1.5 tolerances away or at exactly one.
-Layout scattered(const std::string& name, Place corner, Place extent, double grid) {
-    constexpr int kPoints = 3000;
+// up to 1.5 tolerances away or at exactly one.
+void expectScattered(const char* layout, Place corner, Place extent, double grid) {
     std::mt19937_64 random(7);
-    std::uniform_real_distribution<double> unit(0, 1);
-    std::uniform_real_distribution<double> beside(-1.5 * kTolerance, 1.5 * kTolerance);
-    const auto snap = [&](double value) {
-        return grid > 0 ? std::round(value / grid) * grid : value;
-    };
-    Layout layout{name, {}, {}};
-    for (int i = 0; i < kPoints; ++i) {
-        const Place point{snap(corner.x + unit(random) * extent.x),
-                          snap(corner.y + unit(random) * extent.y)};
-        layout.points.push_back(point);
-        layout.vertices.push_back({point.x + beside(random), point.y + beside(random)});
-        layout.vertices.push_back({point.x - kTolerance, point.y});
-        layout.vertices.push_back({point.x, std::nextafter(point.y + kTolerance, point.y)});
+    std::uniform_real_distribution<double> unit(0, 1), away(-1.5 * kTolerance, 1.5 * kTolerance);
+    Places points, vertices;
+    for (int i = 0; i < 3000; ++i) {
+        Place p{};
+        for (std::size_t axis : {0U, 1U}) {
+            p[axis] = corner[axis] + unit(random) * extent[axis];
+            if (grid > 0) p[axis] = std::round(p[axis] / grid) * grid;
+        }
+        points.push_back(p);
+        vertices.insert(vertices.end(), {{p[0] + away(random), p[1] + away(random)},
+                                         {p[0] - kTolerance, p[1]},
+                                         {p[0], std::nextafter(p[1] + kTolerance, p[1])}});
     }
-    return layout;
+    expectScanned(layout, points, vertices);
 }
 
 // All in one cell, in an order that leaves the wanted ones to the last.
-Layout crowded(const std::string& name, double xStep, double yStep) {
-    constexpr int kPoints = 5000;
-    Layout layout{name, {}, {}};
-    for (int i = 0; i < kPoints; ++i) {
-        const Place point{500.0001 + i * xStep, 700.0001 + i * yStep};
-        layout.points.push_back(point);
-        layout.vertices.push_back({point.x + 0.0007, point.y - 0.0007});
-        layout.vertices.push_back({point.x - 0.0009, point.y});
+void expectCrowded(const char* layout, double xStep, double yStep) {
+    Places points, vertices;
+    for (int i = 0; i < 5000; ++i) {
+        const Place p{500.0001 + i * xStep, 700.0001 + i * yStep};
+        points.push_back(p);
+        vertices.insert(vertices.end(), {{p[0] + 0.0007, p[1] - 0.0007}, {p[0] - 0.0009, p[1]}});
     }
-    return layout;
-}
-
-std::vector<Layout> layouts() {
-    using Limits = std::numeric_limits<double>;
-    const double nan = Limits::quiet_NaN(), infinity = Limits::infinity(), most = Limits::max();
-    const std::vector<Place> odd =
-        pairsOf(0.0, -0.0, nan, infinity, -infinity, most, -most, 1e300, 9.1e16, -9.1e16, 0x1p53,
-                0x1p53 + 2, 0x1p44, 0x1p44 + 0x1p-8, 0x1p43 + 0x1p-9, std::nextafter(0x1p43, 0.0),
-                1e-320, -0.001, 0.001, -kTolerance, kTolerance);
-    return {
-        {"no points", {}, odd},
-        {"odd values", odd, odd},
-        scattered("site", {327'000, 6'250'000}, {20, 20}, 0),
-        scattered("dense", {327'000, 6'250'000}, {0.05, 0.05}, 0),
-        scattered("negative", {-327'000, -6'250'000}, {0.5, 0.5}, 0),
-        scattered("around the origin", {-0.05, -0.05}, {0.1, 0.1}, 0),
-        scattered("cell borders", {-0.5, 299'999.5}, {1, 1}, 0.01),
-        scattered("tolerance apart", {-0.03, 1000}, {0.06, 0.06}, 0.001),
-        scattered("north-south line", {327'000.37, 6'250'000}, {0, 5}, 0),
-        scattered("coarse numbers", {0x1p43, -0x1p42}, {0.5, 0.5}, 0),
-        scattered("one place", {327'000.37, 6'250'000.11}, {0, 0}, 0),
-        crowded("west to east", 1.9e-6, 0),
-        crowded("east to west", -2e-8, 1e-8),
-        crowded("diagonal", 1.9e-6, -2e-8),
-    };
+    expectScanned(layout, points, vertices);
 }
 
 TEST(Snapping, FindsWhatAScanFinds) {
-    for (const Layout& layout : layouts()) {
-        BreaklinePoints points;
-        for (const Place& point : layout.points) points.add(point.x, point.y, 0);
-        points.index();
-        int wrong = 0;
-        for (const Place& vertex : layout.vertices) {
-            const std::int32_t expected = scan(layout.points, vertex);
-            std::int32_t found = 0;
-            points.find({&vertex.x, 1}, {&vertex.y, 1}, {&found, 1});
-            if (found != expected && ++wrong < 4)
-                ADD_FAILURE() << layout.name << ": " << vertex.x << ", " << vertex.y << " gives "
-                              << found << " for " << expected;
-        }
-        EXPECT_EQ(wrong, 0) << layout.name;
-    }
+    using Limits = std::numeric_limits<double>;
+    Places odd;
+    const std::vector<double> values{0.0,
+                                     -0.0,
+                                     Limits::quiet_NaN(),
+                                     Limits::infinity(),
+                                     -Limits::infinity(),
+                                     Limits::max(),
+                                     Limits::lowest(),
+                                     1e300,
+                                     9.1e16,
+                                     -9.1e16,
+                                     0x1p53,
+                                     0x1p53 + 2,
+                                     0x1p44,
+                                     0x1p44 + 0x1p-8,
+                                     0x1p43 + 0x1p-9,
+                                     std::nextafter(0x1p43, 0.0),
+                                     1e-320,
+                                     -0.001,
+                                     0.001,
+                                     -kTolerance,
+                                     kTolerance};
+    for (const double x : values)
+        for (const double y : values) odd.push_back({x, y});
+    expectScanned("no points", {}, odd);
+    expectScanned("odd values", odd, odd);
+    expectScattered("site", {327'000, 6'250'000}, {20, 20}, 0);
+    expectScattered("dense", {327'000, 6'250'000}, {0.05, 0.05}, 0);
+    expectScattered("negative", {-327'000, -6'250'000}, {0.5, 0.5}, 0);
+    expectScattered("around the origin", {-0.05, -0.05}, {0.1, 0.1}, 0);
+    expectScattered("cell borders", {-0.5, 299'999.5}, {1, 1}, 0.01);
+    expectScattered("tolerance apart", {-0.03, 1000}, {0.06, 0.06}, 0.001);
+    expectScattered("north-south line", {327'000.37, 6'250'000}, {0, 5}, 0);
+    expectScattered("coarse numbers", {0x1p43, -0x1p42}, {0.5, 0.5}, 0);
+    expectScattered("one place", {327'000.37, 6'250'000.11}, {0, 0}, 0);
+    expectCrowded("west to east", 1.9e-6, 0);
+    expectCrowded("east to west", -2e-8, 1e-8);
+    expectCrowded("diagonal", 1.9e-6, -2e-8);
 }
 
 TEST(Snapping, FirstPointServesEveryVertex) {

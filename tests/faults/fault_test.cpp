@@ -77,32 +77,17 @@ bool stopsWith(std::string_view message, std::string_view prompt) {
            console.ends_with(prompt) && finished == message.starts_with("WARNING");
 }
 
-// What is read at a place behind the header of a shapefile: each record is a fixed part, of
-// `fixedBytes`, and coordinates.
-std::string_view shapeMessage(std::string_view bytes, std::size_t place, std::size_t fixedBytes) {
-    std::size_t record = 100;
-    while (record < bytes.size()) {
-        const std::size_t next =
-            record + 8 +
-            2 * static_cast<std::size_t>(static_cast<unsigned char>(bytes[record + 7]));
-        if (place < next) break;
-        record = next;
-    }
-    return place >= record + fixedBytes && record < bytes.size()
-               ? "ERROR 0429 - Reading .shp file object coordinates."
-               : "ERROR 0424 - Reading .shp file object type.";
-}
-
 bool readFaultIsTold() {
     const Use& failed = system.failed;
     const std::string& bytes = system.files[failed.name];
     const auto place = static_cast<std::size_t>(failed.position);
     if (failed.name.ends_with(".shp") && place >= 100) {
-        constexpr std::size_t kPointHead = 12;
-        constexpr std::size_t kOnePartHead = 56;
-        return stopsWith(
-            shapeMessage(bytes, place, failed.name == "points.shp" ? kPointHead : kOnePartHead),
-            kPromptToClose);
+        // A record of points.shp has 28 bytes, of which the first 12 tell its type.
+        const bool points = failed.name == "points.shp", inType = (place - 100) % 28 < 12;
+        const std::string_view type = "ERROR 0424 - Reading .shp file object type.";
+        const std::string_view coordinates = "ERROR 0429 - Reading .shp file object coordinates.";
+        return (stopsWith(type, kPromptToClose) && (inType || !points)) ||
+               (stopsWith(coordinates, kPromptToClose) && !(inType && points));
     }
     if (system.console.find("\nFile 1: ") == std::string::npos)
         return stopsWith("ERROR - Reading data\n", kBarePrompt);  // reading the projection

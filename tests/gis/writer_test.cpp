@@ -1,9 +1,9 @@
+#include <functional>
 #include <limits>
 #include <string>
 #include <vector>
 
 #include "gis/layer_table.h"
-#include "run/console.h"
 #include "support/layer_text.h"
 #include "support/rows.h"
 #include "support/shape_bytes.h"
@@ -73,42 +73,6 @@ TEST(Writers, WriteWhatReadersFind) {
     EXPECT_TRUE(holds(shp.at("a_l.shp"), integers({3}) + doubles({kMost, kMost, -kMost, -kMost})));
 }
 
-TEST(Writers, RefuseWhatTheyCannotWrite) {
-    const std::string contact = " - please contact support@vantelgis.example.";
-    const struct {
-        const char* name;
-        ObjectKind kind;
-        std::vector<std::int32_t> parts;
-        std::string message;
-    } rows[] = {
-        {"a.mif",
-         arc,
-         {},
-         "ERROR 0350 - Trying to write a MIF object that is not yet supported.  Please contact "
-         "support@vantelgis.example."},
-        {"a.shp",
-         arc,
-         {},
-         "Should not be here [gisWriteObject-shp].  Please contact support@vantelgis.example."},
-        {"a.mif", text, {}, " Should not be here [gisWriteObject]" + contact},
-        {"a.mif", polyline, {1, 3}, " Should not be here [gisWriteObject]" + contact},
-        // Two parts that begin at one node.
-        {"a.mif",
-         multiPolyline,
-         {0, 1},
-         " Should not be here [gisO_%ir(i) <= gisO_%ir(i-1)]" + contact +
-             "\nGIS Layer   =    1\ni           =    2\ngisO_%ir(i) =    1\ngisO_%nr    =    2"},
-    };
-    for (const auto& row : rows) {
-        const std::string console = consoleOf({}, [&row] {
-            write(gisCreateLayer(row.name, "P", kOneField), row.kind, {1, 2}, {3, 4}, "",
-                  row.parts);
-        });
-        EXPECT_TRUE(console.ends_with("\n" + row.message + "\n\nPress Enter to Close\n"))
-            << console;
-    }
-}
-
 TEST(MifWriter, GivesPointsTheTextOfTheirNode) {
     consoleOf({}, [] {
         const std::vector<double> x{1234567890, 1}, y{-0.0000004, 2};
@@ -161,61 +125,58 @@ TEST(DbfWriter, FillsTheFieldsOfATable) {
             " x    y              -2" + std::string(198, ' ') + "-2" + '\x1a');
 }
 
-TEST(DbfWriter, TellsWhichFieldsDoNotFit) {
-    const struct {
-        std::size_t n;
-        FieldDefinition field;
-        std::string_view message;
-    } rows[] = {
-        {129,
-         {"F", "Float", 0},
-         "ERROR 0411 - Exceeded maximum number of dbf Fields trying to write dbf file."},
-        {0, {}, "ERROR 0319 - No attributes specified when writing .dbf file.\n"},
-        {1, {"F", "Date", 8}, " Should not be here [Unrecognised DBF field] - please contact"},
-        {1,
-         {"F", "Char", 0},
-         "ERROR 0412 - dbf field length of 0 is outside allowable range of 1 to 255"},
-        {1, {"F", "Char", 256}, "ERROR 0412 - dbf field length of 256"},
-        {2, {"F", "Char", 32768}, " Should not be here [dbfTotLen>32767] - please contact"},
-        {2, {"F", "Char", 32767}, "ERROR 0412 - dbf field length of 32767"},
-        {1, {"F", "Char", -2}, " Should not be here [i2u: i4 outside range] - please contact"},
-        {128, {"F", "Char", 255}, "written"},
+// Calls that the writers refuse, each in a run of its own.
+using Call = std::function<void()>;
+
+Call fields(std::size_t n, FieldDefinition field) {
+    return [=] { gisCreateLayer("out.shp", "P", std::vector(n, field)); };
+}
+Call object(std::string_view name, ObjectKind kind, const std::vector<std::int32_t>& parts = {}) {
+    return [=] { write(gisCreateLayer(name, "P", kOneField), kind, {1, 2}, {3, 4}, "", parts); };
+}
+Call pointBehind(std::int32_t offset, std::int32_t records) {
+    return [=] {
+        const int layer = gisCreateLayer("out.shp", "P", kOneField);
+        gisLayer(layer).shp[0].offset = offset;
+        gisLayer(layer).dbf[0].recordNo = records;
+        write(layer, point, {1}, {1}, "1");
     };
-    for (const auto& row : rows) {
-        EXPECT_TRUE(holds(consoleOf({},
-                                    [&] {
-                                        gisCreateLayer("out.shp", "P",
-                                                       std::vector(row.n, row.field));
-                                        consoleLine("written");
-                                    }),
-                          row.message));
-    }
 }
 
-TEST(ShpWriter, StopsBeforeItsNumbersOverflow) {
+TEST(Writers, RefuseWhatTheyCannotWrite) {
     constexpr std::int32_t kLast = std::numeric_limits<std::int32_t>::max();
-    const struct {
-        std::int32_t offset;
-        std::int32_t recordNo;
-        std::string_view message;
-    } rows[] = {
-        {kLast - 14, kLast - 1, "written"},
-        {kLast - 13, 0, "ERROR 0439 - Writing .shp file object coordinates.\n"},
-        {50, kLast, "ERROR 0419 - Exceeded dbf limit of 2,147,483,647 records.  Please contact "},
+    const std::pair<Call, std::string_view> rows[] = {
+        {fields(129, {"F", "Float", 0}),
+         "ERROR 0411 - Exceeded maximum number of dbf Fields trying"},
+        {fields(0, {}), "ERROR 0319 - No attributes specified when writing .dbf file."},
+        {fields(1, {"F", "Date", 8}), " Should not be here [Unrecognised DBF field]"},
+        {fields(1, {"F", "Char", 0}),
+         "ERROR 0412 - dbf field length of 0 is outside allowable range"},
+        {fields(1, {"F", "Char", 256}), "ERROR 0412 - dbf field length of 256 is outside"},
+        {fields(2, {"F", "Char", 32768}), " Should not be here [dbfTotLen>32767]"},
+        {fields(2, {"F", "Char", 32767}), "ERROR 0412 - dbf field length of 32767 is outside"},
+        {fields(1, {"F", "Char", -2}), " Should not be here [i2u: i4 outside range]"},
+        {fields(128, {"F", "Char", 255}), ""},
+        {object("a.mif", arc),
+         "ERROR 0350 - Trying to write a MIF object that is not yet supported."},
+        {object("a.shp", arc), "Should not be here [gisWriteObject-shp].  Please contact"},
+        {object("a.mif", text), " Should not be here [gisWriteObject]"},
+        {object("a.mif", polyline, {1, 3}), " Should not be here [gisWriteObject]"},
+        // Two parts that begin at one node.
+        {object("a.mif", multiPolyline, {0, 1}),
+         " Should not be here [gisO_%ir(i) <= gisO_%ir(i-1)] - please contact "
+         "support@vantelgis.example"
+         ".\nGIS Layer   =    1\ni           =    2\ngisO_%ir(i) =    1\ngisO_%nr    =    2"},
+        {pointBehind(kLast - 14, kLast - 1), ""},
+        {pointBehind(kLast - 13, 0), "ERROR 0439 - Writing .shp file object coordinates."},
+        {pointBehind(50, kLast), "ERROR 0419 - Exceeded dbf limit of 2,147,483,647 records."},
     };
-    for (const auto& row : rows) {
-        const memory::Files older{{"out_P.shp", std::string(5000, 'x')}};
-        EXPECT_TRUE(holds(consoleOf(older,
-                                    [&] {
-                                        const int layer = gisCreateLayer("out.shp", "P", kOneField);
-                                        gisLayer(layer).shp[0].offset = row.offset;
-                                        gisLayer(layer).dbf[0].recordNo = row.recordNo;
-                                        write(layer, point, {1}, {1}, "1");
-                                        consoleLine("written");
-                                    }),
-                          row.message));
+    for (const auto& [call, message] : rows) {
+        const std::string console = consoleOf({{"out_P.shp", std::string(5000, 'x')}}, call);
+        EXPECT_EQ(console.ends_with("Press Enter to Close\n"), !message.empty()) << console;
+        EXPECT_TRUE(holds(console, message));
     }
-    EXPECT_EQ(left("out_P.shp").size(), 128U);  // of a stopped run, with its only point
+    EXPECT_EQ(left("out_P.shp").size(), 128U);  // the older file, which was longer, is gone
 }
 
 }  // namespace
