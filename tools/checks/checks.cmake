@@ -18,6 +18,7 @@ endif()
 add_check(includes)
 add_check(words)
 add_check(messages)
+add_check(sizes)
 if(NOT VANTELGIS_COVERAGE)
   add_check(package ${PROJECT_BINARY_DIR})  # of a build that could be shipped
 endif()
