@@ -6,7 +6,7 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-FOLDERS = "src", "tests", "bench", "fuzz"
+FOLDERS = "src", "tests", "bench", "fuzz", "cmake", "examples"
 
 
 def main():
