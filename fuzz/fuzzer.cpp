@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "drivers.h"
+#include "drivers/drivers.h"
 
 // The entries that the fuzzing engine calls. `--driver=NAME` on its command line, which it passes
 // over, chooses what its inputs stand for.

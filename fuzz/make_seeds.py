@@ -1,17 +1,22 @@
 #!/usr/bin/env python3
 """Writes the first inputs of a fuzz driver: the files and command lines of tests/cases and examples.
 
-Arguments: mif, shp, archive or command; the folder to write to. An input is a byte that chooses the
-conversion, the first file, a divider, the second file.
+Arguments: the name of the driver; the folder to write to. An input is a byte that chooses the
+conversion, the first file, a divider, the second file. That of "boundaries" has a byte before it,
+for the place where the buffer ends, and its conversion is also told which file is shifted; that of
+"roundtrip" is any bytes.
 """
 
 import hashlib
 import pathlib
+import random
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 DIVIDER = b"\n=====\n"
 LONGEST = 20_000
+SHIFTED = ("mif", "mif", "mif", "shp", "archive", "shp")  # the files that "boundaries" shifts
+LONGEST_SHIFTED = 1500
 PAIRS = {"mif": (".mif", ".mid"), "shp": (".shp", ".dbf")}
 
 
@@ -40,6 +45,14 @@ def inputs(driver):
         for path in found(".12da"):
             for mode in range(8):
                 yield bytes([mode]) + path.read_bytes()
+    elif driver == "boundaries":
+        for kind, name in enumerate(SHIFTED):
+            for data in inputs(name):
+                if len(data) <= LONGEST_SHIFTED:
+                    yield bytes([data[-1], data[0] + 8 * kind]) + data[1:]
+    elif driver == "roundtrip":
+        for seed in range(200):
+            yield random.Random(seed).randbytes(40 + seed * 5)
     else:
         for args in sorted((ROOT / "tests" / "cases").rglob("args")):
             typed = args.parent / "stdin"

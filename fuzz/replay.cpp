@@ -6,7 +6,7 @@
 #include <iostream>
 #include <sstream>
 
-#include "drivers.h"
+#include "drivers/drivers.h"
 
 namespace {
 

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "run/platform.h"
@@ -51,6 +52,17 @@ bool folderExists(const std::string& key) {
 
 Stream& streamOf(platform::FileHandle file) {
     return streams.at(static_cast<std::size_t>(file));
+}
+
+platform::FileHandle addStream(Stream stream) {
+    const auto free = std::find_if(streams.begin(), streams.end(),
+                                   [](const Stream& other) { return other.bytes == nullptr; });
+    if (free == streams.end()) {
+        streams.push_back(std::move(stream));
+        return std::ssize(streams) - 1;
+    }
+    *free = std::move(stream);
+    return free - streams.begin();
 }
 
 // Counts a use and tells whether it is one that fails.
@@ -105,13 +117,14 @@ FileHandle openFile(std::string_view name, Access access, Sharing /*sharing*/) {
         return kNoFile;
     std::string& bytes = system.files[key];
     if (access == Access::replace) bytes.clear();
-    const auto free = std::find_if(memory::streams.begin(), memory::streams.end(),
-                                   [](const Stream& stream) { return stream.bytes == nullptr; });
-    const auto handle = free - memory::streams.begin();
-    if (free == memory::streams.end()) memory::streams.emplace_back();
-    memory::streams[static_cast<std::size_t>(handle)] = {
-        &bytes, key, access, access == Access::append ? bytes.size() : 0};
-    return handle;
+    return memory::addStream({&bytes, key, access, access == Access::append ? bytes.size() : 0});
+}
+
+// There are no other runs to lock a file against. Nothing is written through the second handle.
+FileHandle duplicateHandle(FileHandle file) {
+    const memory::Aside aside;
+    const Stream& stream = streamOf(file);
+    return memory::addStream({stream.bytes, stream.name, Access::read, 0});
 }
 
 // Nobody else has a file of this system open, so no lock needs to be held.
