@@ -102,7 +102,7 @@ bool d12BeginsData(std::string_view line) {
     return contains(line, '{') && containsIgnoringCase(line, "data");
 }
 
-bool d12ObjectType(int unit, std::string_view& line, D12Object& object) {
+bool d12BeginObject(std::string_view line, D12Object& object) {
     if (!object.dataFollows) {
         object.isString = isHeader(line);
         if (!object.isString) {
@@ -113,9 +113,23 @@ bool d12ObjectType(int unit, std::string_view& line, D12Object& object) {
     }
     object.closed = object.isPolyline;
     object.level = kNullElevation;
-    while (!d12BeginsData(line) && !atEnd(unit))
-        if (d12ReadLine(unit, line, kObjectLineCapacity)) takeAttribute(line, object);
+    return true;
+}
+
+bool d12NextAttribute(int unit, std::string_view& line, D12Object& object) {
+    while (!d12BeginsData(line) && !atEnd(unit)) {
+        if (!d12ReadLine(unit, line, kObjectLineCapacity)) continue;
+        takeAttribute(line, object);
+        return true;
+    }
     classifyBlock(line, object);
+    return false;
+}
+
+bool d12ObjectType(int unit, std::string_view& line, D12Object& object) {
+    if (!d12BeginObject(line, object)) return false;
+    while (d12NextAttribute(unit, line, object)) {
+    }
     return true;
 }
 

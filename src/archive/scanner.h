@@ -47,6 +47,14 @@ bool d12ReadLine(int unit, std::string_view& line, std::size_t capacity);
 /// A data block begins in the line.
 bool d12BeginsData(std::string_view line);
 
+/// What d12ObjectType does, one line at a time, for readers that look at every line of a string.
+///
+/// d12BeginObject: false when no string begins in `line` and no further block of one lies ahead.
+/// Otherwise each true of d12NextAttribute gives one more line in `line` (the line with which the
+/// data begins is the last one); with its false `object` is filled in.
+bool d12BeginObject(std::string_view line, D12Object& object);
+bool d12NextAttribute(int unit, std::string_view& line, D12Object& object);
+
 /// Looks at a line that d12ReadLine gave. If a string begins there (or if a further block of a
 /// super string does), reads on to the line with which its data begins, which is then in `line`,
 /// and gives true with `object` filled in. A `name` or `z` line without a value stops the run.

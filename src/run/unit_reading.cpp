@@ -108,10 +108,20 @@ ReadResult readLine(int unit, std::string_view& line) {
     const char* const start = file.buffer + file.begin;
     const auto* const lineEnd =
         static_cast<const char*>(std::memchr(start, '\n', file.end - file.begin));
-    if (lineEnd == nullptr) return readSplitLine(file, line);
+    if (lineEnd == nullptr) {
+        const ReadResult result = readSplitLine(file, line);
+        if (result == ReadResult::ok) ++file.lineNumber;
+        return result;
+    }
+    ++file.lineNumber;
     file.begin = static_cast<std::size_t>(lineEnd - file.buffer) + 1;
     line = lineBetween(start, lineEnd);
     return ReadResult::ok;
+}
+
+std::int64_t lineNumber(int unit) {
+    const Unit* const found = findUnit(unit);
+    return found != nullptr && found->file ? found->file->lineNumber : 0;
 }
 
 // A failure met in the look ahead is left for the read that follows, so that its caller can say
@@ -124,11 +134,13 @@ bool atEnd(int unit) {
 void rewindUnit(int unit) {
     OpenFile& file = readableFile(unit);
     moveTo(file, 0);
-    file.lineStart = 0;
+    file.lineStart = file.lineNumber = 0;
 }
 
 void backspaceUnit(int unit) {
     OpenFile& file = readableFile(unit);
+    const std::int64_t position = file.bufferStart + static_cast<std::int64_t>(file.begin);
+    if (position > file.lineStart) --file.lineNumber;
     moveTo(file, file.lineStart);
 }
 

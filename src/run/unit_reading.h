@@ -22,6 +22,11 @@ enum class ReadResult {
 /// cuts the view.
 ReadResult readLine(int unit, std::string_view& line);
 
+/// The number (from 1) of the line that readLine gave last, counted from the start of the file; 0
+/// before the first, and for a unit without a file. A line that backspaceUnit went back over counts
+/// again when it is read again. Reads of bytes count no lines.
+std::int64_t lineNumber(int unit);
+
 /// True when the next read would meet the end of the file, also after a failed read; false when it
 /// will fail. The view of the line read last stays valid after true; after false it is gone.
 bool atEnd(int unit);

@@ -99,7 +99,7 @@ void attachFile(Unit& unit, platform::FileHandle handle, const OpenMode& mode,
     file.name = name;
     file.begin = file.end = 0;
     file.blockSize = kBufferSize;
-    file.bufferStart = file.lineStart = 0;
+    file.bufferStart = file.lineStart = file.lineNumber = 0;
     file.ended = file.failed = file.failureGiven = file.ownerReports = false;
 }
 

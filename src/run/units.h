@@ -28,6 +28,7 @@ struct OpenFile {
     std::size_t end = 0;
     std::int64_t bufferStart = 0;  ///< reading: file position (from 0) of the buffer's first byte
     std::int64_t lineStart = 0;    ///< reading: file position of the line read last
+    std::int64_t lineNumber = 0;   ///< reading: lines read, so the number (from 1) of the last one
     bool ended = false;            ///< reading: nothing comes behind the buffer's bytes
     bool failed = false;           ///< the system refused a read, a write or a change of position
     bool failureGiven = false;     ///< reading: the caller has got the failure as a result

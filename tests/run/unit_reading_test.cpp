@@ -73,9 +73,12 @@ TEST(UnitReading, LongLines) {
             backspaceUnit(unit);
             EXPECT_EQ(nextTwo(unit), "next" + kept + 'z');
             EXPECT_TRUE(atEnd(unit));
+            EXPECT_EQ(lineNumber(unit), 3);
             backspaceUnit(unit);
+            EXPECT_EQ(lineNumber(unit), 2);
             EXPECT_EQ(nextLine(unit), kept + 'z');
             rewindUnit(unit);
+            EXPECT_EQ(lineNumber(unit), 0);
             EXPECT_EQ(nextLine(unit), kept + 'y');
         };
         withFile(std::string(size, 'y') + "\r\nnext\n" + std::string(size, 'z'), "I ", readAll);
