@@ -56,7 +56,7 @@ void consolePut(std::string_view text) {
         buffer(console.sink != nullptr ? "\n" : platform::consoleLineEnd());
     }
     buffer(text);
-    if (terminal) consoleFlush();
+    if (terminal || console.sink != nullptr) consoleFlush();
 }
 
 void consoleFlush() {

@@ -46,8 +46,8 @@ bool consolePause(std::string_view text);
 /// Forgets what was written or read but not yet used; a new run starts so.
 void consoleReset();
 
-/// Has everything that is written from now on handed to `sink`, in pieces of any size and with LF
-/// as line end, in place of standard output; null leads it there again. What was written before
+/// Has everything that is written from now on handed to `sink` at once, in pieces of any size and
+/// with LF as line end, in place of standard output; null leads it there again. What was written before
 /// goes where it was meant to go.
 void setConsoleSink(void (*sink)(std::string_view));
 
