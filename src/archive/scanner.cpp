@@ -34,16 +34,8 @@ constexpr HeaderWord kHeaderWords[] = {
     {"polyline", &D12Object::isPolyline},
 };
 
-// The braces come first: nearly all lines that are passed over have none.
-bool isHeader(std::string_view line) {
-    return contains(line, '{') && containsIgnoringCase(line, "string");
-}
-
 void takeHeader(std::string_view line, D12Object& object) {
-    constexpr std::size_t kTypeStart = 7;  // behind "string "
-    const std::size_t brace = line.find('{');
-    const std::size_t length = brace > kTypeStart + 1 ? brace - kTypeStart - 1 : 0;
-    object.typeText = fromColumn(line, kTypeStart + 1).substr(0, length);
+    object.typeText = d12TypeText(line);
     object.is2d = object.is3d = object.isSuper = object.isPolyline = false;
     for (const HeaderWord& row : kHeaderWords)
         if (containsIgnoringCase(line, row.word)) object.*row.flag = true;
@@ -102,9 +94,21 @@ bool d12BeginsData(std::string_view line) {
     return contains(line, '{') && containsIgnoringCase(line, "data");
 }
 
+// The braces come first: nearly all lines that are passed over have none.
+bool d12BeginsString(std::string_view line) {
+    return contains(line, '{') && containsIgnoringCase(line, "string");
+}
+
+std::string_view d12TypeText(std::string_view line) {
+    constexpr std::size_t kTypeStart = 7;  // behind "string "
+    const std::size_t brace = line.find('{');
+    const std::size_t length = brace > kTypeStart + 1 ? brace - kTypeStart - 1 : 0;
+    return withoutTrailingBlanks(fromColumn(line, kTypeStart + 1).substr(0, length));
+}
+
 bool d12BeginObject(std::string_view line, D12Object& object) {
     if (!object.dataFollows) {
-        object.isString = isHeader(line);
+        object.isString = d12BeginsString(line);
         if (!object.isString) {
             object.typeText = "unknown";
             return false;

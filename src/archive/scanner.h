@@ -47,6 +47,11 @@ bool d12ReadLine(int unit, std::string_view& line, std::size_t capacity);
 /// A data block begins in the line.
 bool d12BeginsData(std::string_view line);
 
+/// A string's header: the words "string" and "{", wherever they stand. Its type text is what lies
+/// between them.
+bool d12BeginsString(std::string_view line);
+std::string_view d12TypeText(std::string_view line);
+
 /// What d12ObjectType does, one line at a time, for readers that look at every line of a string.
 ///
 /// d12BeginObject: false when no string begins in `line` and no further block of one lies ahead.
