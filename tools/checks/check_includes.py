@@ -18,6 +18,7 @@ MAY_INCLUDE = {
     "gis/shp": {"gis", "gis/dbf", "run", "text"},
     "gis/dbf": {"gis", "run", "text"},
     "toolkit": {"run", "text", "geometry"},
+    # The rooms below these two may include one another.
     "batch": {"archive", "run", "text"} | GIS,
     "gpkg": {"archive", "run", "text"},
     "run": {"text"},
@@ -25,8 +26,9 @@ MAY_INCLUDE = {
     "geometry": set(),
 }
 # What lies around the converter stands on libraries of others, each for its own purpose.
+PROGRAMS = {"batch", "gpkg"}
 LIBRARY_HEADERS = {"batch": {"CLI/CLI.hpp"}, "gpkg": {"CLI/CLI.hpp", "sqlite3.h"}}
-SYSTEM_HEADERS_IN = re.compile(r"run/platform_\w+\.cpp")
+SYSTEM_HEADERS_IN = re.compile(r"(run|batch|gpkg)/platform_\w+\.(cpp|h)")
 
 STANDARD_HEADERS = set("""
 algorithm any array atomic barrier bit bitset cassert ccomplex cctype cerrno cfenv cfloat charconv
@@ -45,7 +47,9 @@ PLATFORM_TEST = re.compile(r"\b(_WIN32|_WIN64|__MINGW\w+|_MSC_VER|__linux__|__un
 
 
 def folder_of(name):
-    return name.rpartition("/")[0]
+    """The folder of a file; any room of a program around the converter counts as the program."""
+    top = name.partition("/")[0]
+    return top if top in PROGRAMS else name.rpartition("/")[0]
 
 
 def project_include_fault(name, included):
