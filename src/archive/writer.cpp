@@ -17,12 +17,24 @@ void addSize(OutputLine& line, const D12Symbol& symbol) {
 int d12CreateArchive(std::string_view path, std::string_view modelName) {
     int unit = 0;
     openUnit(unit, "O ", path);
-    put(unit, "null -999\r\nmodel \"");
-    put(unit, modelName);
-    put(unit, "\"\r\n\r\n");
+    d12WriteNull(unit);
+    d12WriteModel(unit, modelName);
     return unit;
 }
 
+void d12WriteNull(int unit) {
+    put(unit, "null -999\r\n");
+}
+
+void d12WriteModel(int unit, std::string_view modelName) {
+    OutputLine line{unit, 512};
+    line.text("model \"");
+    line.text(modelName);
+    line.text("\"\r\n");
+    line.end();
+}
+
+// All that is the same stands in one text: there may be as many strings as vertices.
 void d12BeginString(int unit, std::string_view type, std::string_view name) {
     OutputLine line{unit, 512};
     line.text("string ");
@@ -37,6 +49,26 @@ void d12BeginString(int unit, std::string_view type, std::string_view name) {
         "  style     1\r\n"
         "\r\n"
         "  data {");
+    line.end();
+}
+
+void d12BeginString(int unit, const D12StringHead& head) {
+    OutputLine line{unit, 512};
+    const auto add = [&line](std::string_view word, std::string_view value) {
+        line.text(word);
+        line.text(value);
+        line.end();
+    };
+    line.text("string ");
+    add(head.type, " {");
+    line.text("  name      \"");
+    add(head.name, "\"");
+    add("  chainage  ", head.chainage);
+    add("  breakline ", head.breakline);
+    add("  colour    ", head.colour);
+    add("  style     ", head.style);
+    if (!head.level.empty()) add("  z         ", head.level);
+    line.text("\r\n  data {");
     line.end();
 }
 

@@ -12,8 +12,27 @@ namespace vantelgis {
 /// line. Gives its unit.
 int d12CreateArchive(std::string_view path, std::string_view modelName);
 
+/// The null value with which the head begins, and the model line behind it. A further model line
+/// begins a further model.
+inline constexpr float kWrittenNull = -999.0F;
+void d12WriteNull(int unit);
+void d12WriteModel(int unit, std::string_view modelName);
+
 /// Writes a string's lines up to the start of its data: `type` is 2d or 3d.
 void d12BeginString(int unit, std::string_view type, std::string_view name);
+
+/// What can stand in front of a string's data, each text as it goes into the file; the values are
+/// those of a string that says nothing else.
+struct D12StringHead {
+    std::string_view type;
+    std::string_view name;  ///< without its quotes
+    std::string_view chainage = "0";
+    std::string_view breakline = "line";
+    std::string_view colour = "red";
+    std::string_view style = "1";
+    std::string_view level;  ///< of a 2d string; empty: no `z` line
+};
+void d12BeginString(int unit, const D12StringHead& head);
 
 /// Room for the line of a vertex or of a symbol's location, and for the lines of a symbol.
 inline constexpr std::size_t kVertexLineRoom = 160;
