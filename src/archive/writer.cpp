@@ -55,6 +55,7 @@ void d12BeginString(int unit, std::string_view type, std::string_view name) {
 void d12BeginString(int unit, const D12StringHead& head) {
     OutputLine line{unit, 512};
     const auto add = [&line](std::string_view word, std::string_view value) {
+        if (value.empty()) return;
         line.text(word);
         line.text(value);
         line.end();
@@ -67,7 +68,7 @@ void d12BeginString(int unit, const D12StringHead& head) {
     add("  breakline ", head.breakline);
     add("  colour    ", head.colour);
     add("  style     ", head.style);
-    if (!head.level.empty()) add("  z         ", head.level);
+    add("  z         ", head.level);
     line.text("\r\n  data {");
     line.end();
 }

@@ -22,7 +22,7 @@ void d12WriteModel(int unit, std::string_view modelName);
 void d12BeginString(int unit, std::string_view type, std::string_view name);
 
 /// What can stand in front of a string's data, each text as it goes into the file; the values are
-/// those of a string that says nothing else.
+/// those of a string that says nothing else. One that is empty, but for the name, has no line.
 struct D12StringHead {
     std::string_view type;
     std::string_view name;  ///< without its quotes
@@ -30,7 +30,7 @@ struct D12StringHead {
     std::string_view breakline = "line";
     std::string_view colour = "red";
     std::string_view style = "1";
-    std::string_view level;  ///< of a 2d string; empty: no `z` line
+    std::string_view level;  ///< of a 2d string, its `z` line
 };
 void d12BeginString(int unit, const D12StringHead& head);
 

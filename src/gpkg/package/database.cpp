@@ -102,6 +102,11 @@ bool Statement::isBlob(int column) const {
     return sqlite3_column_type(statement_.get(), column) == SQLITE_BLOB;
 }
 
+bool Statement::isNumber(int column) const {
+    const int type = sqlite3_column_type(statement_.get(), column);
+    return type == SQLITE_INTEGER || type == SQLITE_FLOAT;
+}
+
 std::int64_t Statement::integer(int column) const {
     return sqlite3_column_int64(statement_.get(), column);
 }

@@ -39,6 +39,7 @@ class Statement {
     [[nodiscard]] int columns() const;
     [[nodiscard]] bool isNull(int column) const;
     [[nodiscard]] bool isBlob(int column) const;
+    [[nodiscard]] bool isNumber(int column) const;
     [[nodiscard]] std::int64_t integer(int column) const;
     [[nodiscard]] double real(int column) const;
     /// Views are valid until the next row.

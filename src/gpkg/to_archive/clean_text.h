@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace vantelgis::gpkg {
+
+/// What was changed in texts so that an archive can hold them.
+struct TextChanges {
+    std::int64_t quotes = 0;    ///< double quotes that became single ones
+    std::int64_t lineEnds = 0;  ///< line ends, tabs and the like that became blanks
+    std::int64_t slashes = 0;   ///< "//", which would begin a comment, taken apart by a blank
+    std::int64_t cut = 0;       ///< texts of more than kLongestText bytes
+};
+
+/// Bytes of a name, or another text of a string, that a reader of archives keeps.
+inline constexpr std::size_t kLongestText = 100;
+
+/// Makes `clean` of a text that can stand between double quotes in a line of an archive: valid
+/// UTF-8, without blanks at its end.
+void cleanText(std::string& clean, std::string_view text, TextChanges& changes);
+
+/// A value as attribute lines have it: a plain word as it stands, anything else in quotes.
+void appendValue(std::string& line, std::string_view clean);
+
+void reportChanges(const TextChanges& changes);
+
+}  // namespace vantelgis::gpkg

@@ -1,0 +1,155 @@
+#include "gpkg/to_archive/feature_reader.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "gpkg/geometry/blob_reader.h"
+#include "gpkg/report.h"
+
+namespace vantelgis::gpkg {
+
+namespace {
+
+// The columns of a row: number, geometry, then one for each attribute.
+constexpr int kNumberColumn = 0;
+constexpr int kGeometryColumn = 1;
+constexpr int kFirstAttribute = 2;
+
+constexpr int columnOf(Attribute attribute) {
+    return kFirstAttribute + static_cast<int>(attribute);
+}
+
+// A number, or a text that is one. Asked for before the text, which would be made of the number.
+std::optional<double> numberIn(const Statement& row, Attribute attribute) {
+    const int column = columnOf(attribute);
+    double number = row.real(column);
+    if (!row.isNumber(column)) {
+        const std::string_view text = row.text(column);
+        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+        if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+    }
+    return std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
+}  // namespace
+
+FeatureReader::FeatureReader(Database& database, const std::vector<LineLayer>& layers,
+                             const Options& options)
+    : database_(database), layers_(layers), options_(options) {}
+
+std::string_view FeatureReader::defaultModel(const LineLayer& layer) const {
+    return options_.model.empty() ? std::string_view(layer.table) : options_.model;
+}
+
+std::string FeatureReader::selection(const LineLayer& layer) const {
+    std::string columns = joined(quotedName(layer.key), ", ", quotedName(layer.geometryColumn));
+    for (const std::string& column : layer.columns)
+        columns += column.empty() ? ", NULL" : ", " + quotedName(column);
+    return joined("SELECT ", columns, " FROM ", quotedName(layer.table));
+}
+
+// The condition ends in a line of its own, so that a comment in it can't swallow what follows.
+Statement FeatureReader::prepareFiltered(const std::string& select, std::string_view key) const {
+    const std::string order = joined(" ORDER BY ", quotedName(key));
+    if (options_.where.empty()) return database_.prepare(select + order);
+    try {
+        return database_.prepare(joined(select, " WHERE (", options_.where, "\n)", order));
+    } catch (const Failure& failure) {
+        fail("--where \"", options_.where, "\": ", failure.text);
+    }
+}
+
+void FeatureReader::take(Statement& row, const LineLayer& layer, Feature& feature) const {
+    feature.layer = &layer;
+    feature.number = row.integer(kNumberColumn);
+    feature.shape.clear();
+    if (!row.isNull(kGeometryColumn)) {
+        const std::string_view blob =
+            row.isBlob(kGeometryColumn) ? row.blob(kGeometryColumn) : std::string_view{};
+        const BlobResult result = readBlob(blob, feature.shape);
+        if (result != BlobResult::taken)
+            fail(database_.file(), ", layer ", layer.table, ", feature ", feature.number, ": ",
+                 wordsOf(result), ". Nothing was written");
+    }
+    feature.chainage = numberIn(row, Attribute::chainage);
+    feature.level = numberIn(row, Attribute::z);
+    for (std::size_t i = 0; i < kAttributes; ++i)
+        feature.texts[i] = row.text(columnOf(static_cast<Attribute>(i)));
+    auto& model = feature.texts[static_cast<std::size_t>(Attribute::model)];
+    if (model.empty()) model = defaultModel(layer);
+}
+
+bool FeatureReader::next(Feature& feature) {
+    return grouped_ ? nextGrouped(feature) : nextInLayers(feature);
+}
+
+bool FeatureReader::nextInLayers(Feature& feature) {
+    for (; layer_ < layers_.size(); ++layer_, rows_.reset()) {
+        const LineLayer& layer = layers_[layer_];
+        if (!rows_) rows_ = prepareFiltered(selection(layer), layer.key);
+        if (!rows_->nextRow()) continue;
+        take(*rows_, layer, feature);
+        return true;
+    }
+    return false;
+}
+
+bool FeatureReader::nextGrouped(Feature& feature) {
+    if (open_) byNumber_[*open_].reset();
+    open_.reset();
+    if (!rows_->nextRow()) return false;
+    const auto index = static_cast<std::size_t>(rows_->integer(0));
+    Statement& row = byNumber_[index];
+    row.bind(1, rows_->integer(1));
+    if (!row.nextRow()) fail(database_.file(), " changed while it was read");
+    open_ = index;
+    take(row, layers_[index], feature);
+    return true;
+}
+
+// The strings and points of an archive share their numbers, which is its order.
+bool FeatureReader::sharesNumbers() const {
+    for (const LineLayer& layer : layers_)
+        if (layer.ownPoints) return true;
+    return false;
+}
+
+void FeatureReader::addToOrder(const LineLayer& layer, std::size_t index) {
+    const std::string& model = layer.columns[static_cast<std::size_t>(Attribute::model)];
+    const std::string key = !options_.sortField.empty() ? quotedName(options_.sortField)
+                            : sharesNumbers()           ? quotedName(layer.key)
+                                                        : std::string("NULL");
+    Statement add = prepareFiltered(
+        joined("INSERT INTO temp.features SELECT ", index, ", ", quotedName(layer.key),
+               ", coalesce(nullif(CAST(", model.empty() ? "NULL" : quotedName(model),
+               " AS TEXT), ''), ?1), ", key, " FROM ", quotedName(layer.table)),
+        layer.key);
+    add.bind(1, defaultModel(layer));
+    add.run();
+}
+
+void FeatureReader::startGrouped() {
+    grouped_ = true;
+    rows_.reset();
+    open_.reset();
+    byNumber_.clear();
+    database_.execute(
+        "CREATE TEMP TABLE features (layer INTEGER, number INTEGER, model TEXT, key)");
+    for (std::size_t i = 0; i < layers_.size(); ++i) {
+        addToOrder(layers_[i], i);
+        byNumber_.push_back(database_.prepare(
+            joined(selection(layers_[i]), " WHERE ", quotedName(layers_[i].key), "=?1")));
+    }
+    database_.execute(
+        "CREATE TEMP TABLE sorted AS SELECT layer, number, model FROM temp.features ORDER BY key, "
+        "rowid;"
+        "CREATE TEMP TABLE models AS SELECT model, min(rowid) AS first FROM temp.sorted GROUP BY "
+        "model;"
+        "CREATE UNIQUE INDEX temp.models_by_name ON models (model)");
+    rows_ = database_.prepare(
+        "SELECT s.layer, s.number FROM temp.sorted s JOIN temp.models m ON m.model=s.model ORDER "
+        "BY "
+        "m.first, s.rowid");
+}
+
+}  // namespace vantelgis::gpkg
