@@ -1,0 +1,77 @@
+#include "batch/look/attributes.h"
+
+#include "batch/utf8.h"
+#include "text/free_format.h"
+
+namespace vantelgis::batch {
+
+namespace {
+
+constexpr std::size_t kLongestName = 100;  // of a string in an archive
+constexpr std::size_t kMostShown = 40;
+
+std::string_view wishedFor(AttributeCheck::Wish wish) {
+    constexpr std::string_view kNames[] = {"attribute", "name", "elevation", "value",
+                                           "value or angle"};
+    return kNames[static_cast<std::size_t>(wish)];
+}
+
+std::string withArticle(std::string_view name) {
+    const bool vowel = std::string_view("aeiou").find(name.front()) != std::string_view::npos;
+    return std::string(vowel ? "an " : "a ").append(name);
+}
+
+}  // namespace
+
+void AttributeCheck::add(std::int64_t object, std::string_view record) {
+    if (wish_ == Wish::none) return;
+    if (wish_ == Wish::name)
+        addName(object, record);
+    else
+        addNumbers(object, record);
+}
+
+void AttributeCheck::addName(std::int64_t object, std::string_view record) {
+    Text<1000> name;
+    FreeFormat list{record};
+    const Item item = takeWord(list, name);
+    if (item == Item::end && firstBlank_ == 0) firstBlank_ = object;
+    if (item == Item::unchanged) ++kept_;
+    if (name.size() > kLongestName) ++longNames_;
+    if (name.view().find('"') != std::string_view::npos) ++quotedNames_;
+}
+
+void AttributeCheck::addNumbers(std::int64_t object, std::string_view record) {
+    FreeFormat list{record};
+    for (int i = 0; i < (wish_ == Wish::valueAndAngle ? 2 : 1); ++i) {
+        float number = 0;
+        const Item item = takeReal(list, number);
+        if (item == Item::unchanged) ++kept_;
+        if (item == Item::end && firstBlank_ == 0) firstBlank_ = object;
+        if (taken(item)) continue;
+        if (item == Item::bad) {
+            if (notNumbers_++ == 0) {
+                firstNotNumber_ = object;
+                notNumber_ = shortened(readable(list.rest()), kMostShown);
+            }
+        }
+        return;
+    }
+}
+
+void AttributeCheck::tell(Look& look) const {
+    const std::string name(wishedFor(wish_));
+    if (firstBlank_ > 0) look.find(Find::blankRecord, {grouped(firstBlank_), withArticle(name)});
+    if (notNumbers_ > 0) {
+        look.find(Find::notANumber, {counted(notNumbers_, "object"), withArticle(name),
+                                     grouped(firstNotNumber_), notNumber_});
+    }
+    const bool becomesZero = wish_ == Wish::value || wish_ == Wish::valueAndAngle;
+    if (kept_ > 0)
+        look.find(becomesZero ? Find::emptyValue : Find::keptValue,
+                  {counted(kept_, "object"), withArticle(name)});
+    if (longNames_ > 0) look.find(Find::longName, {counted(longNames_, "name")});
+    if (quotedNames_ > 0) look.find(Find::quotedName, {counted(quotedNames_, "name")});
+}
+
+}  // namespace vantelgis::batch

@@ -1,0 +1,137 @@
+#include <cstdio>
+
+#include "batch/files.h"
+#include "batch/tell/plan_view.h"
+#include "batch/tell/reports.h"
+#include "batch/tell/table.h"
+#include "batch/utf8.h"
+
+namespace vantelgis::batch {
+
+namespace {
+
+constexpr std::size_t kMostWithPlans = std::size_t{14} << 20;
+constexpr std::size_t kMostBytes = std::size_t{18} << 20;  // a page of 20 MB still opens
+
+constexpr std::string_view kHead = R"(<!DOCTYPE html>
+<html lang="en"><head><meta charset="utf-8"><meta name="viewport" content="width=device-width">
+<title>vantelgis-batch</title><style>
+body{font:15px/1.4 system-ui,sans-serif;margin:1.5em;color:#222;background:#fff}
+h1{font-size:1.3em}.tiles span{display:inline-block;padding:.4em .9em;margin:0 .5em .5em 0;border-radius:4px}
+.well,.ready{border-left:6px solid #2e8b57}.suspicious{border-left:6px solid #d98e04}
+.failed,.not-run{border-left:6px solid #c0392b}.tiles span{background:#f3f3f3}
+details{border-bottom:1px solid #ddd;padding:.2em .6em}summary{cursor:pointer;display:grid;
+grid-template-columns:7em minmax(8em,2fr) minmax(8em,2fr) 9em 6em 7em 5em 3fr;gap:.6em;overflow-wrap:anywhere}
+summary.head{font-weight:600;cursor:default;list-style:none}.n{text-align:right}
+ul{margin:.3em 0}.cure{color:#555}.error{color:#c0392b}.warning{color:#a86a00}
+svg.plan{width:min(100%,640px);border:1px solid #ccc;background:#fcfcfa}
+path{fill:none;stroke-width:1.5;stroke-linecap:round;stroke-linejoin:round;vector-effect:non-scaling-stroke}
+.c{stroke:#1f4e79}.p{stroke:#9b7fc4}.d{stroke:#e67e22;stroke-width:2.5}
+.e{stroke:#d00;stroke-width:8}.u{stroke:#c2187f;stroke-width:6}
+.legend svg{width:30px;height:10px;margin-right:.4em}.legend span{margin-right:1em}
+</style></head><body>
+)";
+
+std::string span(std::string_view text, bool number = false) {
+    return std::string(number ? "<span class=\"n\">" : "<span>").append(escapedForHtml(text)) +
+           "</span>";
+}
+
+std::string className(Verdict verdict) {
+    std::string name(verdictName(verdict));
+    for (char& c : name)
+        if (c == ' ') c = '-';
+    return name;
+}
+
+std::string headText(const Summary& summary) {
+    std::string text = "<h1>" + escapedForHtml(summaryLine(summary)) + "</h1><p class=\"tiles\">";
+    for (int i = kVerdicts - 1; i >= 0; --i) {
+        const auto verdict = static_cast<Verdict>(i);
+        if (summary.count(verdict) == 0) continue;
+        text += "<span class=\"" + className(verdict) + "\">" +
+                std::to_string(summary.count(verdict)) + " ";
+        text.append(verdictName(verdict)).append("</span>");
+    }
+    text += "</p><p>" + escapedForHtml(summary.started) + " &#183; <code>" +
+            escapedForHtml(shortened(readable(summary.command), 400)) + "</code></p>";
+    if (summary.interrupted) text += "<p class=\"error\">The batch was interrupted.</p>";
+    return text;
+}
+
+std::string rowText(const Record& record) {
+    char seconds[32];
+    std::snprintf(seconds, sizeof seconds, "%.1f", record.seconds);
+    const bool hasOutput = !record.files.empty();
+    const std::string second =
+        record.second.empty() ? "" : " = " + std::string(namePart(record.second));
+    return "<summary>" + span(verdictName(record.verdict)) + span(record.input + second) +
+           span(hasOutput ? namePart(record.output) : "-") + span(record.kind) +
+           span(std::to_string(record.objects), true) +
+           span(std::to_string(record.vertices), true) + span(seconds, true) + span(record.reason) +
+           "</summary>";
+}
+
+std::string findingsText(const Record& record) {
+    std::string text;
+    const auto item = [&](std::string_view kind, std::string_view words, std::string_view cure) {
+        text.append("<li class=\"").append(kind).append("\">").append(escapedForHtml(words));
+        if (!cure.empty())
+            text.append(" <span class=\"cure\">").append(escapedForHtml(cure)).append("</span>");
+        text += "</li>";
+    };
+    bool told = record.reason.empty();
+    for (const Finding& finding : record.findings) {
+        item(levelName(finding.level), finding.words, finding.cure);
+        told = told || finding.words == record.reason;
+    }
+    if (!told)
+        item(record.verdict == Verdict::failed ? "error" : "warning", record.reason, record.cure);
+    for (const auto& [name, value] : record.counts)
+        item("note", std::to_string(value) + " " + name, "");
+    if (!record.notLookedAt.empty()) item("note", "Not looked at: " + record.notLookedAt, "");
+    return text.empty() ? text : "<ul>" + text + "</ul>";
+}
+
+}  // namespace
+
+void writeHtml(Spool& spool, ReportFile& out) {
+    out.put(kHead);
+    out.put(headText(spool.summary));
+    std::string runs;
+    Overview overview;
+    std::int64_t left = 0;
+    // What needs an eye stands first.
+    for (int i = kVerdicts - 1; i >= 0; --i) {
+        spool.each(static_cast<Verdict>(i), [&](const Record& record) {
+            if (runs.size() > kMostBytes) {
+                ++left;
+                return true;
+            }
+            const bool withPlan = runs.size() < kMostWithPlans;
+            runs += "<details class=\"" + className(record.verdict) + "\">" + rowText(record) +
+                    findingsText(record);
+            if (withPlan) {
+                runs += planView(record);
+                overview.add(record);
+            }
+            runs += "</details>\n";
+            return true;
+        });
+    }
+    if (const std::string all = overview.view(); !all.empty())
+        out.put("<h2>Where they lie</h2>" + all);
+    out.put(planLegend());
+    out.put(
+        "<details class=\"head\"><summary "
+        "class=\"head\"><span>verdict</span><span>input</span><span>output</span>"
+        "<span>kind</span><span class=\"n\">objects</span><span class=\"n\">vertices</span>"
+        "<span class=\"n\">seconds</span><span>reason</span></summary></details>\n");
+    out.put(runs);
+    if (left > 0)
+        out.put("<p>" + std::to_string(left) +
+                " more runs are not shown here; a report in .csv or .json has them all.</p>");
+    out.put("</body></html>\n");
+}
+
+}  // namespace vantelgis::batch

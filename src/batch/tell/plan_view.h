@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "batch/record.h"
+
+/// Drawings of inputs as SVG, for a page.
+namespace vantelgis::batch {
+
+/// The drawing of one input, with an id by which others may use it; empty when it has none.
+std::string planView(const Record& record);
+
+/// What the colours stand for.
+std::string planLegend();
+
+/// Where the inputs lie, each by its own drawing on the page.
+class Overview {
+  public:
+    void add(const Record& record);
+    /// One drawing of all that lie together; empty with fewer than two.
+    [[nodiscard]] std::string view() const;
+
+  private:
+    struct Placed {
+        std::int64_t number;
+        double west, north, side;
+    };
+    std::vector<Placed> placed_;
+};
+
+std::string escapedForHtml(std::string_view text);
+
+}  // namespace vantelgis::batch
