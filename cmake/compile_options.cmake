@@ -4,6 +4,10 @@ target_compile_options(vantelgis_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow
   # A fused multiply-add rounds once where the written results round twice.
   -ffp-contract=off)
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+  # What is shipped is the same wherever it was built.
+  target_compile_options(vantelgis_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+endif()
 target_compile_definitions(vantelgis_options INTERFACE _FILE_OFFSET_BITS=64)
 
 if(VANTELGIS_WERROR)

@@ -1,39 +1,43 @@
-# What an installation holds, and the Debian package of it: the program, the script for many runs,
-# their manual pages and the guide. The routine set for other programs is the component
-# "development", a package of its own.
+# What is shipped: an installation, the Debian packages and the archive for any Linux in the folders
+# that are usual there; for Windows the folder that becomes the zip. The routine set for other programs
+# is the component "development", all the rest "program".
 include(GNUInstallDirs)
 find_package(Python3 3.8 COMPONENTS Interpreter)
 
-set(batch_script ${PROJECT_SOURCE_DIR}/tools/vantelgis-batch)
-file(GLOB guide_pages CONFIGURE_DEPENDS
-  ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/docs/*.svg)
-if(Python3_FOUND)
-  set(man_folder ${PROJECT_BINARY_DIR}/man)
-  set(man_script ${PROJECT_SOURCE_DIR}/cmake/man_page.py)
-  file(MAKE_DIRECTORY ${man_folder})
-  add_custom_command(OUTPUT ${man_folder}/vantelgis.1
-    COMMAND Python3::Interpreter ${man_script} guide ${PROJECT_SOURCE_DIR}/docs ${PROJECT_VERSION}
-      > ${man_folder}/vantelgis.1
-    DEPENDS ${man_script} ${guide_pages} VERBATIM)
-  add_custom_command(OUTPUT ${man_folder}/vantelgis-batch.1
-    COMMAND Python3::Interpreter ${man_script} usage ${batch_script} ${PROJECT_VERSION}
-      > ${man_folder}/vantelgis-batch.1
-    DEPENDS ${man_script} ${batch_script} VERBATIM)
-  add_custom_target(manual_pages ALL
-    DEPENDS ${man_folder}/vantelgis.1 ${man_folder}/vantelgis-batch.1)
-  install(FILES ${man_folder}/vantelgis.1 ${man_folder}/vantelgis-batch.1
-    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
+# The programs, each with a line about it, as far as this build has them.
+set(about_vantelgis "Converts between 12d Model archives and GIS layers")
+set(about_vantelgis-batch "Converts many files and says which results are right")
+set(about_vantelgis-gpkg "Converts between 12d Model archives and GeoPackages")
+set(shipped_programs "")
+foreach(program vantelgis vantelgis-batch vantelgis-gpkg)
+  if(TARGET ${program})
+    list(APPEND shipped_programs ${program})
+  endif()
+endforeach()
+
+if(WIN32)
+  set(program_folder .)
+  set(document_folder .)
 else()
-  message(STATUS "No Python: the manual pages are left out")
+  set(program_folder ${CMAKE_INSTALL_BINDIR})
+  set(document_folder ${CMAKE_INSTALL_DOCDIR})
+endif()
+install(TARGETS ${shipped_programs} RUNTIME DESTINATION ${program_folder} COMPONENT program)
+if(WIN32)
+  include(${CMAKE_CURRENT_LIST_DIR}/windows_programs.cmake)
+endif()
+if(NOT WIN32 AND NOT TARGET vantelgis-batch)
+  install(PROGRAMS ${PROJECT_SOURCE_DIR}/tools/vantelgis-batch DESTINATION ${program_folder}
+    COMPONENT program)
 endif()
 
-install(TARGETS vantelgis RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
-install(PROGRAMS ${batch_script} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
-install(FILES ${guide_pages} DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT program)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR}
-  COMPONENT program FILES_MATCHING
-  PATTERN "*.mif" PATTERN "*.mid" PATTERN "*.12da" PATTERN "*.prj"
-  PATTERN "*.shp" PATTERN "*.shx" PATTERN "*.dbf" PATTERN toolkit EXCLUDE)
+include(${CMAKE_CURRENT_LIST_DIR}/documents.cmake)
+
+# What `cmake --install` and cpack build before they copy.
+add_custom_target(shipped DEPENDS ${shipped_programs} ${shipped_documents})
+if(TARGET vantelgis_toolkit)
+  add_dependencies(shipped vantelgis_toolkit)
+endif()
 
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "converts between 12d Model archives and GIS layers")
 set(CPACK_PACKAGE_CONTACT "vantelgis support <support@vantelgis.example>")
