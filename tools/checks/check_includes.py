@@ -21,6 +21,7 @@ MAY_INCLUDE = {
     # The rooms below these two may include one another.
     "batch": {"archive", "run", "text"} | GIS,
     "gpkg": {"archive", "run", "text"},
+    "drop": {"run", "text"},
     "run": {"text"},
     "text": set(),
     "geometry": set(),
@@ -28,7 +29,7 @@ MAY_INCLUDE = {
 # What lies around the converter stands on libraries of others, each for its own purpose.
 PROGRAMS = {"batch", "gpkg"}
 LIBRARY_HEADERS = {"batch": {"CLI/CLI.hpp"}, "gpkg": {"CLI/CLI.hpp", "sqlite3.h"}}
-SYSTEM_HEADERS_IN = re.compile(r"(run|batch|gpkg)/platform_\w+\.(cpp|h)")
+SYSTEM_HEADERS_IN = re.compile(r"(run|batch|gpkg|drop)/platform_\w+\.(cpp|h)")
 
 STANDARD_HEADERS = set("""
 algorithm any array atomic barrier bit bitset cassert ccomplex cctype cerrno cfenv cfloat charconv

@@ -10,14 +10,14 @@ import sys
 import tempfile
 
 SKIPPED = 77
+DOCUMENTS = "usr/share/doc/vantelgis"
 FILES = {
     "usr/bin/vantelgis", "usr/bin/vantelgis-batch",
     "usr/share/man/man1/vantelgis.1", "usr/share/man/man1/vantelgis-batch.1",
-    "usr/share/doc/vantelgis/README.md", "usr/share/doc/vantelgis/conversions.md",
-    "usr/share/doc/vantelgis/running.md", "usr/share/doc/vantelgis/limits.md",
-    "usr/share/doc/vantelgis/messages.md", "usr/share/doc/vantelgis/breakline.svg",
+    f"{DOCUMENTS}/guide.html", f"{DOCUMENTS}/CHANGES.md",
 }
-EXAMPLES = "usr/share/doc/vantelgis/examples"
+EXAMPLES = f"{DOCUMENTS}/examples"
+HEADERS = f"{DOCUMENTS}/headers"
 
 
 def output(*command, **options):
@@ -40,9 +40,10 @@ def check(holds, what):
 
 def check_files(root):
     files = installed(root)
-    examples = {name for name in files if name.startswith(EXAMPLES + "/")}
-    check(files - examples == FILES, f"the files are those expected: {sorted(files ^ FILES)}")
-    check(f"{EXAMPLES}/site.12da" in examples, "the examples are there")
+    samples = {name for name in files if name.startswith((EXAMPLES + "/", HEADERS + "/"))}
+    check(files - samples == FILES, f"the files are those expected: {sorted(files ^ FILES)}")
+    for name in f"{EXAMPLES}/site.12da", f"{HEADERS}/GDA2020 MGA zone 56/Header.prj":
+        check(name in samples, f"{name} is there")
 
 
 def check_runs(root, work):
@@ -77,6 +78,10 @@ def main():
         return SKIPPED
     with tempfile.TemporaryDirectory(prefix="vantelgis-package-") as scratch:
         scratch = pathlib.Path(scratch).resolve()
+        # An installation builds what isn't there yet.
+        for document in (build / "documents").rglob("*"):
+            if document.is_file():
+                document.unlink()
         plain = scratch / "plain"
         output("cmake", "--install", build, "--component", "program", "--prefix", "/usr",
                env={**os.environ, "DESTDIR": str(plain)})

@@ -21,6 +21,13 @@ add_check(messages)
 add_check(sizes)
 if(NOT VANTELGIS_COVERAGE)
   add_check(package ${PROJECT_BINARY_DIR})  # of a build that could be shipped
+  # What installs completes the build first.
+  set_tests_properties(package PROPERTIES RESOURCE_LOCK build_folder)
+  if(TEST installed_library)
+    set_tests_properties(installed_library PROPERTIES RESOURCE_LOCK build_folder)
+  endif()
+  add_check(headers $<TARGET_FILE:vantelgis> ${PROJECT_BINARY_DIR}/documents/headers)
+  set_tests_properties(headers PROPERTIES DEPENDS package)
 endif()
 
 # Another major version lays code out differently and warns of other things.
