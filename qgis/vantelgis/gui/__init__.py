@@ -1,0 +1,1 @@
+"""What the plugin adds to the main window and to the dialogs."""

@@ -1,0 +1,1 @@
+"""Finds, runs and understands the programs that convert."""
