@@ -47,8 +47,8 @@ bool consolePause(std::string_view text);
 void consoleReset();
 
 /// Has everything that is written from now on handed to `sink` at once, in pieces of any size and
-/// with LF as line end, in place of standard output; null leads it there again. What was written before
-/// goes where it was meant to go.
+/// with LF as line end, in place of standard output; null leads it there again. What was written
+/// before goes where it was meant to go.
 void setConsoleSink(void (*sink)(std::string_view));
 
 /// Has standard input count as ended, for a host whose own input it is: nobody can answer.

@@ -1,57 +1,20 @@
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
-#include <filesystem>
 #include <string>
-#include <system_error>
 
 #include "run/platform.h"
-#include "text/characters.h"
+#include "run/platform_posix_names.h"
 
 namespace vantelgis::platform {
 
 namespace {
-
-std::string systemName(std::string_view name) {
-    std::string result(name);
-    std::replace(result.begin(), result.end(), '\\', '/');
-    return result;
-}
-
-bool isFile(const std::string& name) {
-    struct stat status {};
-    return stat(name.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
-}
-
-// The name under which an input is opened: itself, or the one file that differs in case alone.
-std::string inputName(std::string_view name) {
-    std::string result = systemName(name);
-    if (isFile(result)) return result;
-    const std::size_t slash = result.rfind('/');
-    const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
-    const std::string folder = start == 0 ? "." : result.substr(0, start);
-    DIR* entries = opendir(folder.c_str());
-    if (entries == nullptr) return result;
-    std::string match;
-    int matches = 0;
-    while (const dirent* entry = readdir(entries)) {
-        if (!sameIgnoringCase(entry->d_name, std::string_view(result).substr(start))) continue;
-        const std::string candidate = result.substr(0, start) + entry->d_name;
-        if (!isFile(candidate)) continue;
-        match = candidate;
-        ++matches;
-    }
-    closedir(entries);
-    return matches == 1 ? match : result;
-}
 
 // A file that is to be replaced is cut once it is known that nobody else is writing it.
 int openFlags(Access access) {
@@ -235,33 +198,6 @@ Date localDate() {
 std::optional<int> messageBox(std::string_view /*caption*/, std::string_view /*text*/,
                               unsigned /*type*/) {
     return std::nullopt;
-}
-
-int makeFolder(std::string_view folder) {
-    std::error_code error;
-    std::filesystem::create_directories(systemName(folder), error);
-    return error ? 1 : 0;
-}
-
-int copyFiles(std::string_view source, std::string_view target) {
-    namespace fs = std::filesystem;
-    const fs::path from = systemName(source);
-    const fs::path to = systemName(target);
-    const auto options = fs::copy_options::overwrite_existing;
-    std::error_code error;
-    if (from.extension() != ".*") {
-        fs::copy_file(inputName(source), to / from.filename(), options, error);
-        return error ? 1 : 0;
-    }
-    const fs::path folder = from.has_parent_path() ? from.parent_path() : fs::path(".");
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
-        // "name.*" takes every extension, also none.
-        if (entry.is_directory(error) || entry.path().stem() != from.stem()) continue;
-        std::error_code failure;
-        if (!fs::copy_file(entry.path(), to / entry.path().filename(), options, failure))
-            error = failure;
-    }
-    return error ? 1 : 0;
 }
 
 void exitProcess() {

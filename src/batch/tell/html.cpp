@@ -16,14 +16,14 @@ constexpr std::size_t kMostBytes = std::size_t{18} << 20;  // a page of 20 MB st
 constexpr std::string_view kHead = R"(<!DOCTYPE html>
 <html lang="en"><head><meta charset="utf-8"><meta name="viewport" content="width=device-width">
 <title>vantelgis-batch</title><style>
-body{font:15px/1.4 system-ui,sans-serif;margin:1.5em;color:#222;background:#fff}
+body{font:15px/1.4 system-ui,sans-serif;margin:1.5em;color:#222222;background:#fff}
 h1{font-size:1.3em}.tiles span{display:inline-block;padding:.4em .9em;margin:0 .5em .5em 0;border-radius:4px}
 .well,.ready{border-left:6px solid #2e8b57}.suspicious{border-left:6px solid #d98e04}
 .failed,.not-run{border-left:6px solid #c0392b}.tiles span{background:#f3f3f3}
 details{border-bottom:1px solid #ddd;padding:.2em .6em}summary{cursor:pointer;display:grid;
 grid-template-columns:7em minmax(8em,2fr) minmax(8em,2fr) 9em 6em 7em 5em 3fr;gap:.6em;overflow-wrap:anywhere}
 summary.head{font-weight:600;cursor:default;list-style:none}.n{text-align:right}
-ul{margin:.3em 0}.cure{color:#555}.error{color:#c0392b}.warning{color:#a86a00}
+ul{margin:.3em 0}.cure{color:#555555}.error{color:#c0392b}.warning{color:#a86a00}
 svg.plan{width:min(100%,640px);border:1px solid #ccc;background:#fcfcfa}
 path{fill:none;stroke-width:1.5;stroke-linecap:round;stroke-linejoin:round;vector-effect:non-scaling-stroke}
 .c{stroke:#1f4e79}.p{stroke:#9b7fc4}.d{stroke:#e67e22;stroke-width:2.5}
