@@ -87,7 +87,7 @@ def results(kind):
                others=as_layers(f"points.{kind}"))
 
 
-def snapping(recipe, name, beside, goal, quick=False):
+def snapping(recipe, name, beside, goal, quick=False, table=8):
     """Memory beyond the limit is that of the points, of which there is one to five vertices."""
     bodies = ()
     if beside != NO_POINTS:
@@ -99,7 +99,7 @@ def snapping(recipe, name, beside, goal, quick=False):
                     for layer in layers))
     return Job(f"-zln, {name}", recipe, 5 * MILLION, "-zln -out out.12da points.mif lines.mif",
                beside, goal, ("points.mif", "points.mid", "lines.mif", "lines.mid"), bodies,
-               table=8, quick=quick)
+               table=table, quick=quick)
 
 
 SHORT = ", short lines"
@@ -124,7 +124,7 @@ JOBS = (
     # These are there to show that no layout makes the search quadratic.
     snapping("snap-line", "on a line, beside no points", NO_POINTS, 3.0),
     snapping("snap-place", "in one place, beside no points", NO_POINTS, 3.0),
-    snapping("snap-crowd", "crowded, beside no points", NO_POINTS, 6.0),
+    snapping("snap-crowd", "crowded, beside no points", NO_POINTS, 6.0, table=16),
 )
 
 # Each conversion once, from 10^4 vertices on; the program takes a million results at most.
