@@ -21,6 +21,8 @@ add_custom_command(OUTPUT ${messages_source}
 find_package(Threads REQUIRED)
 add_library(vantelgis_batch_core STATIC ${batch_sources} ${messages_source})
 target_compile_definitions(vantelgis_batch_core PUBLIC VANTELGIS_VERSION="${PROJECT_VERSION}")
+# g++ 12 takes "text" + std::string for an overlapping copy.
+target_compile_options(vantelgis_batch_core PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 target_link_libraries(vantelgis_batch_core PUBLIC vantelgis_core cli11 Threads::Threads)
 
 add_executable(vantelgis-batch batch/main.cpp)

@@ -82,7 +82,7 @@ class Shift {
 
     void doJob(WorkerProcess& worker, std::size_t place) {
         const Job job = jobOf(crew_, place);
-        {
+        if (task_ != Task::sections) {
             const std::lock_guard lock(mutex_);
             teller_.begun(job.number, job.input);
         }

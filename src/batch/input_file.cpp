@@ -35,7 +35,8 @@ InputFile::~InputFile() {
 }
 
 std::string_view InputFile::bytesAt(std::int64_t place, std::size_t count) {
-    count = std::min(count, kMostAtOnce);
+    const std::int64_t behind = std::max<std::int64_t>(0, size_ - place) + 1;
+    count = std::min({count, kMostAtOnce, static_cast<std::size_t>(behind)});
     filled_ = 0;
     taken_ = 0;
     start_ = place;
@@ -71,7 +72,10 @@ bool InputFile::nextLine(std::string_view& line) {
             filled_ -= taken_;
             taken_ = 0;
             searched = filled_;
-            buffer_.resize(std::max(buffer_.size(), std::min(filled_ + kBlock, kMostAtOnce)));
+            const std::int64_t behind = size_ - start_ - static_cast<std::int64_t>(filled_);
+            const auto more = static_cast<std::size_t>(
+                std::clamp<std::int64_t>(behind + 1, 1, static_cast<std::int64_t>(kBlock)));
+            buffer_.resize(std::max(buffer_.size(), std::min(filled_ + more, kMostAtOnce)));
             const std::int64_t got = isOpen()
                                          ? readFully(file_, buffer_.data() + filled_,
                                                      std::min(kBlock, buffer_.size() - filled_))

@@ -55,12 +55,14 @@ class SpawnAttributes {
   public:
     SpawnAttributes() {
         sigset_t none;
-        sigset_t all;
+        sigset_t changed;
         sigemptyset(&none);
-        sigfillset(&all);
+        sigemptyset(&changed);
+        for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGCHLD, SIGPIPE, SIGXFSZ})
+            sigaddset(&changed, number);
         posix_spawnattr_init(&attributes_);
         posix_spawnattr_setsigmask(&attributes_, &none);
-        posix_spawnattr_setsigdefault(&attributes_, &all);
+        posix_spawnattr_setsigdefault(&attributes_, &changed);
         posix_spawnattr_setpgroup(&attributes_, 0);
         posix_spawnattr_setflags(
             &attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETPGROUP);

@@ -97,8 +97,8 @@ class Worker {
         if (task == Task::sections) return sendSections(look);
         Record record = startRecord(job, plan, look);
         if (look.interrupted) return false;
-        if (record.verdict != Verdict::notRun && task == Task::run) runOne(job, plan, look, record);
-        if (interruption() != 0) return false;
+        const bool runs = record.verdict != Verdict::notRun && task == Task::run;
+        if (runs && !runOne(job, plan, look, record)) return false;
         record.plan = look.drawing.text(kMostPlanBytes);
         return sendRecord(record);
     }
@@ -131,7 +131,8 @@ class Worker {
         return record;
     }
 
-    void runOne(const Job& job, const RunPlan& plan, Look& look, Record& record) {
+    // False when it was interrupted, and all is as it was before.
+    bool runOne(const Job& job, const RunPlan& plan, Look& look, Record& record) {
         std::vector<std::string> notes;
         std::string failure;
         const bool opened = scratch_.open(plan.targetFolder, notes, failure);
@@ -142,16 +143,18 @@ class Worker {
             record.verdict = Verdict::failed;
             record.reason =
                 "No scratch folder can be made in " + plan.targetFolder + ": " + failure;
-            return;
+            return true;
         }
         current = {"run", inFolder(scratch_.runFolder(), plan.result), scratch_.consoleName()};
         const RunOutcome outcome = runConverter(options_, plan, look, scratch_, tick);
         current.stage = "judge";
-        if (interruption() != 0) return;
+        if (interruption() != 0) return false;
         judgeRun(plan, look, outcome, scratch_, options_.timeout, record);
         drawCheckLayers(plan, outcome, scratch_, look.drawing);
+        if (interruption() != 0) return false;
         keepLog(job, record);
         place(outcome, record);
+        return true;
     }
 
     void keepLog(const Job& job, Record& record) const {

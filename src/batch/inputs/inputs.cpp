@@ -168,6 +168,36 @@ std::string stemKey(const std::string& name) {
     return nameKey(inFolder(folderPart(name), stemPart(namePart(name))));
 }
 
+std::size_t hashOf(const std::string& text) {
+    return std::hash<std::string>{}(text);
+}
+
+// Files that lie beside the layers for their sake.
+constexpr std::string_view kSideFiles[] = {
+    "of Header and Projection", "check layers of earlier runs", "files that belong to a layer"};
+
+// Which of them an input is; the number of them when it is none. `stems` are sorted.
+std::size_t sideOf(const Input& input, const std::vector<std::size_t>& stems) {
+    constexpr std::size_t kNone = std::size(kSideFiles);
+    const InputKind kind = inputKindOf(input.name);
+    const auto isStem = [&](const std::string& key) {
+        return std::binary_search(stems.begin(), stems.end(), hashOf(key));
+    };
+    if (kind == InputKind::other) {
+        constexpr std::string_view kSisters[] = {".mid", ".dbf", ".shx", ".prj",
+                                                 ".cpg", ".qix", ".sbn", ".sbx"};
+        const bool sister =
+            std::any_of(std::begin(kSisters), std::end(kSisters), [&](std::string_view extension) {
+                return sameIgnoringCase(extension, extensionPart(namePart(input.name)));
+            });
+        return sister && isStem(stemKey(input.name)) ? 2 : kNone;
+    }
+    if (kind == InputKind::archive) return kNone;
+    if (givesProjection(input.name)) return 0;
+    const std::string_view stem = checkedStem(stemPart(namePart(input.name)));
+    return !stem.empty() && isStem(nameKey(inFolder(folderPart(input.name), stem))) ? 1 : kNone;
+}
+
 }  // namespace
 
 std::string Input::folderBelowRoot() const {
@@ -187,30 +217,25 @@ Inputs collectInputs(const Options& options) {
 }
 
 void leaveOutSideFiles(Inputs& inputs) {
-    std::vector<std::size_t> stems;
-    for (const Input& input : inputs.items)
-        stems.push_back(std::hash<std::string>{}(stemKey(input.name)));
+    if (inputs.items.size() == 1) return;
+    std::vector<std::size_t> stems;  // of layers and archives
+    for (const Input& input : inputs.items) {
+        if (inputKindOf(input.name) != InputKind::other)
+            stems.push_back(hashOf(stemKey(input.name)));
+    }
     std::sort(stems.begin(), stems.end());
-    std::size_t checks = 0;
-    const auto isSideFile = [&](const Input& input) {
-        if (inputs.items.size() == 1 || inputKindOf(input.name) == InputKind::archive) return false;
-        if (givesProjection(input.name)) return true;
-        const std::string_view stem = checkedStem(stemPart(namePart(input.name)));
-        if (stem.empty()) return false;
-        const std::string key = nameKey(inFolder(folderPart(input.name), stem));
-        const bool check =
-            std::binary_search(stems.begin(), stems.end(), std::hash<std::string>{}(key));
-        checks += check ? 1 : 0;
-        return check;
-    };
-    const std::size_t before = inputs.items.size();
-    std::erase_if(inputs.items, isSideFile);
-    const std::size_t projections = before - inputs.items.size() - checks;
-    if (projections > 0)
-        inputs.notes.push_back(std::to_string(projections) +
-                               " files left out that give a coordinate system");
-    if (checks > 0)
-        inputs.notes.push_back(std::to_string(checks) + " check layers of earlier runs left out");
+    std::size_t counts[std::size(kSideFiles)] = {};
+    std::erase_if(inputs.items, [&](const Input& input) {
+        const std::size_t side = sideOf(input, stems);
+        if (side == std::size(kSideFiles)) return false;
+        ++counts[side];
+        return true;
+    });
+    for (std::size_t side = 0; side < std::size(kSideFiles); ++side) {
+        if (counts[side] > 0)
+            inputs.notes.push_back("left out: " + std::to_string(counts[side]) + " " +
+                                   std::string(kSideFiles[side]));
+    }
 }
 
 void takeShard(int shard, int shards, std::vector<Input>& items) {

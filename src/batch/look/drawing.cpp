@@ -94,7 +94,8 @@ std::string Drawing::text(std::size_t most) const {
         }
     }
     char frame[100];
-    std::snprintf(frame, sizeof frame, "%.17g %.17g %.17g\n", box_.xMin, box_.yMax, extent);
+    std::snprintf(frame, sizeof frame, "%.17g %.17g %.17g %.0f\n", box_.xMin, box_.yMax, extent,
+                  kSide / extent * (box_.yMax - box_.yMin));
     std::string all = frame;
     for (int shown = 0; shown < kShown; ++shown) {
         if (!texts[shown].empty())

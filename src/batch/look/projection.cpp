@@ -115,11 +115,17 @@ void compareWithOwn(const RunPlan& plan, const Search& search, const CoordinateS
 }  // namespace
 
 void lookAtProjection(const Options& options, const RunPlan& plan, Look& look) {
+    const ConverterArguments& converter = options.converter;
+    const bool archive = inputKindOf(plan.input) == InputKind::archive;
+    if (archive && !converter.wantMif && !converter.wantShp) {
+        look.find(Find::noCoordSys, {"with -out alone none is looked for; add -mif or -shp"});
+        return;
+    }
     const Search search = searchProjection(options, plan, look);
     if (options.ownProjection && takeOwnProjection(plan, search, look)) return;
     if (search.file.empty()) {
         if (search.mif)
-            look.find(Find::noCoordSys);
+            look.find(Find::noCoordSys, {"the folder has no Header.mif or Projection.mif"});
         else if (plan.second.empty())
             look.find(Find::noProjection, {wantedProjection(plan)});
         return;

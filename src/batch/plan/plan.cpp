@@ -102,6 +102,7 @@ void chooseResult(const Options& options, const Job& job, RunPlan& plan) {
             plan.targetFolder = fullName(folderPart(options.converter.output));
     }
     plan.result = withResultExtension(plan.result, options, plan.conversion);
+    if (plan.targetFolder == plan.folder) return;
     if (const std::string known = absoluteName(inFolder(plan.targetFolder, ".")); !known.empty())
         plan.targetFolder = known;
 }
@@ -137,6 +138,17 @@ void addLayer(std::string_view main, std::string_view families, std::vector<std:
     }
 }
 
+// Inputs come folder by folder. The current folder is always the one that names are meant from.
+std::string absoluteFolder(const std::string& folder) {
+    static std::string last;
+    static std::string absolute;
+    if (folder != last) {
+        last = folder;
+        absolute = absoluteName(inFolder(folder, "."));
+    }
+    return absolute;
+}
+
 }  // namespace
 
 RunPlan planRun(const Options& options, const Job& job) {
@@ -145,9 +157,9 @@ RunPlan planRun(const Options& options, const Job& job) {
     plan.conversion = options.converter.conversionOf(kind);
     if (options.toGeoPackage)
         plan.conversion = kind == InputKind::archive ? Conversion::geoPackage : Conversion::none;
-    plan.input = absoluteName(job.input);
-    if (plan.input.empty()) return plan;
-    plan.folder = folderPart(plan.input);
+    plan.folder = absoluteFolder(folderPart(job.input));
+    if (plan.folder.empty()) return plan;
+    plan.input = inFolder(plan.folder, namePart(job.input));
     chooseSecond(options, job, plan);
     chooseResult(options, job, plan);
     composeArguments(options, plan);

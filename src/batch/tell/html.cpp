@@ -26,7 +26,7 @@ summary.head{font-weight:600;cursor:default;list-style:none}.n{text-align:right}
 ul{margin:.3em 0}.cure{color:#555555}.error{color:#c0392b}.warning{color:#a86a00}
 svg.plan{width:min(100%,640px);border:1px solid #ccc;background:#fcfcfa}
 path{fill:none;stroke-width:1.5;stroke-linecap:round;stroke-linejoin:round;vector-effect:non-scaling-stroke}
-.c{stroke:#1f4e79}.p{stroke:#9b7fc4}.d{stroke:#e67e22;stroke-width:2.5}
+.c{stroke:#1f4e79}.p{stroke:#9b7fc4;stroke-width:4;opacity:.6}.d{stroke:#e67e22;stroke-width:2.5}
 .e{stroke:#d00;stroke-width:8}.u{stroke:#c2187f;stroke-width:6}
 .legend svg{width:30px;height:10px;margin-right:.4em}.legend span{margin-right:1em}
 </style></head><body>
@@ -57,6 +57,10 @@ std::string headText(const Summary& summary) {
             escapedForHtml(shortened(readable(summary.command), 400)) + "</code></p>";
     if (summary.interrupted) text += "<p class=\"error\">The batch was interrupted.</p>";
     return text;
+}
+
+bool needsEye(const Record& record) {
+    return record.verdict >= Verdict::suspicious;
 }
 
 std::string rowText(const Record& record) {
@@ -101,6 +105,7 @@ void writeHtml(Spool& spool, ReportFile& out) {
     std::string runs;
     Overview overview;
     std::int64_t left = 0;
+    int opened = 10;  // of those that need an eye
     // What needs an eye stands first.
     for (int i = kVerdicts - 1; i >= 0; --i) {
         spool.each(static_cast<Verdict>(i), [&](const Record& record) {
@@ -109,7 +114,8 @@ void writeHtml(Spool& spool, ReportFile& out) {
                 return true;
             }
             const bool withPlan = runs.size() < kMostWithPlans;
-            runs += "<details class=\"" + className(record.verdict) + "\">" + rowText(record) +
+            runs += "<details class=\"" + className(record.verdict) + "\"" +
+                    (needsEye(record) && opened-- > 0 ? " open>" : ">") + rowText(record) +
                     findingsText(record);
             if (withPlan) {
                 runs += planView(record);

@@ -18,12 +18,18 @@ constexpr std::string_view kMeanings[kShown] = {"passed over", "converted", "dan
 
 struct Frame {
     double west = 0, north = 0, side = 0;
+    double height = 0;  ///< of the drawing
 };
+
+std::string svgStart(double height) {
+    return "<svg class=\"plan\" viewBox=\"-15 -15 1030 " +
+           std::to_string(std::lround(height) + 30) + "\" role=\"img\">";
+}
 
 bool readFrame(std::string_view plan, Frame& frame) {
     const char* at = plan.data();
     const char* const end = at + std::min(plan.find('\n'), plan.size());
-    for (double* const value : {&frame.west, &frame.north, &frame.side}) {
+    for (double* const value : {&frame.west, &frame.north, &frame.side, &frame.height}) {
         const auto result = std::from_chars(at, end, *value);
         if (result.ec != std::errc{}) return false;
         at = result.ptr == end ? end : result.ptr + 1;
@@ -57,9 +63,10 @@ std::string planView(const Record& record) {
     std::string_view plan = record.plan;
     const std::size_t head = plan.find('\n');
     if (head == std::string_view::npos) return {};
+    Frame frame;
+    readFrame(plan, frame);
     plan.remove_prefix(head + 1);
-    std::string view = "<svg class=\"plan\" viewBox=\"-15 -15 1030 1030\" role=\"img\"><g id=\"r" +
-                       std::to_string(record.number) + "\">";
+    std::string view = svgStart(frame.height) + "<g id=\"r" + std::to_string(record.number) + "\">";
     for (; !plan.empty(); plan.remove_prefix(std::min(plan.find('\n'), plan.size() - 1) + 1)) {
         const std::string_view line = plan.substr(0, plan.find('\n'));
         const int shown = line.empty() ? kShown : line.front() - '0';
@@ -119,7 +126,7 @@ std::string Overview::view() const {
     }
     if (shown < 2) return {};
     const double side = std::max(box.xMax - box.xMin, box.yMax - box.yMin);
-    std::string view = "<svg class=\"plan all\" viewBox=\"-15 -15 1030 1030\" role=\"img\">";
+    std::string view = svgStart((box.yMax - box.yMin) / side * 1000);
     for (std::size_t i = 0; i < placed_.size(); ++i) {
         if (distances[i] > reach || sides[i] > reach) continue;
         const Placed& one = placed_[i];
