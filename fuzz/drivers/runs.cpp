@@ -12,9 +12,14 @@ using memory::system;
 
 namespace {
 
+// Bytes that are no text show as their numbers.
 void show(std::string_view title, std::string_view text) {
-    std::fprintf(stderr, "--- %.*s:\n%.*s\n", static_cast<int>(title.size()), title.data(),
-                 static_cast<int>(text.size()), text.data());
+    std::fprintf(stderr, "--- %.*s:\n", static_cast<int>(title.size()), title.data());
+    for (const char c : text) {
+        const bool plain = c == '\n' || (c >= ' ' && c <= '~');
+        std::fprintf(stderr, plain ? "%c" : "\\x%02X", static_cast<unsigned char>(c));
+    }
+    std::fputc('\n', stderr);
 }
 
 }  // namespace

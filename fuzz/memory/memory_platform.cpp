@@ -120,13 +120,6 @@ FileHandle openFile(std::string_view name, Access access, Sharing /*sharing*/) {
     return memory::addStream({&bytes, key, access, access == Access::append ? bytes.size() : 0});
 }
 
-// There are no other runs to lock a file against. Nothing is written through the second handle.
-FileHandle duplicateHandle(FileHandle file) {
-    const memory::Aside aside;
-    const Stream& stream = streamOf(file);
-    return memory::addStream({stream.bytes, stream.name, Access::read, 0});
-}
-
 // Nobody else has a file of this system open, so no lock needs to be held.
 FileHandle duplicateHandle(FileHandle /*file*/) {
     return kNoFile;
