@@ -46,8 +46,8 @@ struct Number {
     double value = 0;
 };
 
-/// Below 10,000,000 on both sides of zero, in any spelling. A lower one would touch the number before
-/// it in a .mif.
+/// Below 10,000,000 on both sides of zero, in any spelling. A lower one would touch the number
+/// before it in a .mif.
 Number coordinate(Choices& choices);
 
 /// Below 1,000,000 on both sides of zero. It may have more digits than its 32 bits hold.

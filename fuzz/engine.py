@@ -1,0 +1,36 @@
+"""How the scripts of tools run the fuzz drivers."""
+
+import pathlib
+import subprocess
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+FOLDER = ROOT / "build" / "fuzz"
+PROGRAM = FOLDER / "fuzz" / "vantelgis_fuzz"
+OPTIONS = ["-timeout=25", "-rss_limit_mb=2048", "-malloc_limit_mb=512", "-max_len=4096",
+           "-print_final_stats=1", "-close_fd_mask=0"]
+
+
+def build():
+    subprocess.run([ROOT / "tools/install-packages", "fuzz"], check=True)
+    subprocess.run([ROOT / "tools/build", "fuzz", "vantelgis_fuzz"], check=True)
+
+
+def drivers():
+    """The names of all drivers."""
+    return subprocess.run([PROGRAM, "--drivers"], capture_output=True, text=True,
+                          check=True).stdout.split()
+
+
+def command(name, seconds, options=()):
+    """The command line that runs a driver. What it learns stays for the next run."""
+    seeds = FOLDER / "seeds" / name
+    subprocess.run(["python3", ROOT / "fuzz/make_seeds.py", name, seeds], check=True)
+    corpus = FOLDER / "corpus" / name
+    words = ROOT / "fuzz/words" / f"{name}.dict"
+    for folder in corpus, FOLDER / "found":
+        folder.mkdir(parents=True, exist_ok=True)
+    folders = [corpus, seeds, ROOT / "fuzz/findings" / name]
+    return [PROGRAM, f"--driver={name}", f"-max_total_time={seconds}", *OPTIONS,
+            f"-artifact_prefix={FOLDER / 'found' / name}-",
+            *([f"-dict={words}"] if words.exists() else []), *options,
+            *[folder for folder in folders if folder.is_dir()]]
