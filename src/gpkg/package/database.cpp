@@ -139,7 +139,8 @@ Database::Database(std::string_view file, std::string_view name, int flags) : fi
     const int result = sqlite3_open_v2(std::string(name).c_str(), &opened, flags, nullptr);
     database_.reset(opened);
     if (result != SQLITE_OK) failFor(opened, result, file_);
-    sqlite3_extended_result_codes(opened, 0);
+    // A name in double quotes that isn't there is a mistake, not a text.
+    sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
 }
 
 Database Database::openForReading(std::string_view file) {
@@ -191,12 +192,14 @@ void Database::execute(const std::string& sql) {
 
 Statement Database::prepare(std::string_view sql) {
     sqlite3_stmt* prepared = nullptr;
+    const char* rest = nullptr;
     const int result = sqlite3_prepare_v3(database_.get(), sql.data(), lengthOf(sql),
-                                          SQLITE_PREPARE_PERSISTENT, &prepared, nullptr);
+                                          SQLITE_PREPARE_PERSISTENT, &prepared, &rest);
     Statement statement;
     statement.statement_.reset(prepared);
     statement.file_ = file_;
     if (result != SQLITE_OK) failFor(database_.get(), result, file_);
+    if (rest != sql.data() + sql.size()) fail(file_, ": more than one statement");
     return statement;
 }
 

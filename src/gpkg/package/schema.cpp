@@ -99,16 +99,34 @@ void createLayer(Database& database, const LayerDefinition& layer, std::int32_t 
         "'write-only')"));
 }
 
-// What the package says of a system in the words of ISO 19162 stands in a column of an extension.
+// What the package says of a system in the words of ISO 19162 stands in a column of an extension,
+// which has no default value and so can't be added to the table as it is.
 void createWkt2Column(Database& database) {
     if (database.valueOf("SELECT count(*) FROM pragma_table_info('gpkg_spatial_ref_sys') "
                          "WHERE name='definition_12_063'") > 0)
         return;
     database.execute(
-        "ALTER TABLE gpkg_spatial_ref_sys ADD COLUMN definition_12_063 TEXT NOT NULL DEFAULT "
-        "'undefined';"
-        "INSERT INTO gpkg_extensions VALUES ('gpkg_spatial_ref_sys', 'definition_12_063', "
-        "'gpkg_crs_wkt', 'http://www.geopackage.org/spec120/#extension_crs_wkt', 'read-write')");
+        R"(
+CREATE TABLE new_spatial_ref_sys (
+  srs_name TEXT NOT NULL,
+  srs_id INTEGER NOT NULL PRIMARY KEY,
+  organization TEXT NOT NULL,
+  organization_coordsys_id INTEGER NOT NULL,
+  definition TEXT NOT NULL,
+  description TEXT,
+  definition_12_063 TEXT NOT NULL);
+INSERT INTO new_spatial_ref_sys SELECT srs_name, srs_id, organization, organization_coordsys_id,
+  definition, description, CASE srs_id WHEN 4326 THEN 'GEODCRS["WGS 84",DATUM["World Geodetic )"
+        R"(System 1984",ELLIPSOID["WGS 84",6378137,298.257223563,LENGTHUNIT["metre",1]]],)"
+        R"(PRIMEM["Greenwich",0,ANGLEUNIT["degree",0.0174532925199433]],CS[ellipsoidal,2],)"
+        R"(AXIS["latitude",north,ORDER[1]],AXIS["longitude",east,ORDER[2]],)"
+        R"(ANGLEUNIT["degree",0.0174532925199433],ID["EPSG",4326]]' ELSE 'undefined' END
+  FROM gpkg_spatial_ref_sys;
+DROP TABLE gpkg_spatial_ref_sys;
+ALTER TABLE new_spatial_ref_sys RENAME TO gpkg_spatial_ref_sys;
+INSERT INTO gpkg_extensions VALUES ('gpkg_spatial_ref_sys', 'definition_12_063', 'gpkg_crs_wkt',
+  'http://www.geopackage.org/spec120/#extension_crs_wkt', 'read-write');
+)");
 }
 
 // 0 where the package has no such row.

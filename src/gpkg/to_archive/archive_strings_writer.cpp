@@ -21,17 +21,16 @@ constexpr int kPlaceWidth = 16;
 constexpr int kPlaceDecimals = 5;
 constexpr int kElevationWidth = 12;
 constexpr int kElevationDecimals = 4;
+// Sizes that leave no doubt.
+constexpr double kSurePlace = 9'999'999.0;
+constexpr double kSureElevation = 9'999.0;
 
-// A number is tried only where its size leaves a doubt.
+// A number that fits its columns; behind another one it must leave a blank, or the two are one.
 bool fits(double value, int width, int decimals, double surely) {
     if (std::fabs(value) < surely) return true;
     char field[kMaxFieldWidth];
     fixedField(field, value, width, decimals);
     return field[0] != '*' && std::isfinite(value);
-}
-
-bool fitsPlace(double value) {
-    return fits(value, kPlaceWidth, kPlaceDecimals, 999'999'999.0);
 }
 
 bool readsAsNull(double z) {
@@ -160,9 +159,10 @@ void ArchiveStringsWriter::writeHead(const Feature& feature, bool is3d) {
 
 void ArchiveStringsWriter::requireFit(const Feature& feature, const Vertex& vertex,
                                       bool is3d) const {
-    const bool whole = fitsPlace(vertex.x) && fitsPlace(vertex.y) &&
+    const bool whole = fits(vertex.x, kPlaceWidth, kPlaceDecimals, kSurePlace) &&
+                       fits(vertex.y, kPlaceWidth - 1, kPlaceDecimals, kSurePlace) &&
                        (!is3d || !hasElevation(vertex) ||
-                        fits(vertex.z, kElevationWidth, kElevationDecimals, 999'999.0));
+                        fits(vertex.z, kElevationWidth - 1, kElevationDecimals, kSureElevation));
     if (!whole)
         failAt(feature, joined("the vertex ", NumberText(vertex.x), " ", NumberText(vertex.y), " ",
                                hasElevation(vertex) ? NumberText(vertex.z) : NumberText(0),

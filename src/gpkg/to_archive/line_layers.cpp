@@ -133,7 +133,8 @@ std::vector<LineLayer> allLineLayers(Database& database, const std::vector<Liste
             reportNote(joined("the layer ", each.table, " (", each.geometryType,
                               ") holds no lines and is left out"));
         } else if (const std::string why = hindrance(database, each); !why.empty()) {
-            reportWarning(joined("the layer ", each.table, " is left out: ", why));
+            fail(database.file(), ": the layer ", each.table, " can't be read: ", why,
+                 ". --layer names those that are to be taken");
         } else if (LineLayer layer = lineLayer(database, each, options);
                    holdsLines(each) || layer.ownPoints) {
             layers.push_back(std::move(layer));
