@@ -1,3 +1,4 @@
+include_guard(GLOBAL)
 # The target `cli11`: the command-line parser of the programs around the converter, headers only.
 # A cross build takes those of the machine that builds, and nothing else that lies beside them.
 find_path(CLI11_HEADERS CLI/CLI.hpp PATHS /usr/include /usr/local/include NO_CMAKE_FIND_ROOT_PATH)
