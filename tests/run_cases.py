@@ -181,6 +181,8 @@ def main():
     parser.add_argument("--record", action="store_true", help="write the expected files (a draft)")
     parser.add_argument("names", nargs="*", help="cases or folders of cases below tests/cases")
     options = parser.parse_args()
+    if not os.access(options.program, os.X_OK):
+        parser.error(f"there is no program {options.program}; tools/build dev builds one")
     program = Program(options.program, options.launcher)
     cases = chosen_cases(options.names, program.windows)
     if not cases or (options.record and not options.names):
