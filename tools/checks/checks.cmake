@@ -27,7 +27,8 @@ if(NOT VANTELGIS_COVERAGE)
     set_tests_properties(installed_library PROPERTIES RESOURCE_LOCK build_folder)
   endif()
   add_check(headers $<TARGET_FILE:vantelgis> ${PROJECT_BINARY_DIR}/documents/headers)
-  set_tests_properties(headers PROPERTIES DEPENDS package)
+  add_check(guide_page ${PROJECT_BINARY_DIR}/documents/guide.html)
+  set_tests_properties(headers guide_page PROPERTIES DEPENDS package)
 endif()
 
 # Another major version lays code out differently and warns of other things.
