@@ -55,6 +55,9 @@ TEST(Scanner, TakesStringsByTheirWords) {
         {"string{ 4d\ndata {\n1 2 3\n}\n", ",3,: 1 2 3\n"},
         {"string drainage data {\n1 2 3\n}\n", "drainage data,3,: 1 2 3\n"},
         {"string abcdefghijklmnopqrst uvw {\ndata {\n}\n", "abcdefghijklmnopqrst,,: ignored\n"},
+        {"string alignmen drainag fac pip supe polylin {\ndata {\n}\n",
+         "alignmen drainag fac,,: ignored\n"},
+        {"strin 3d {\ndata {\n1 2 3\n}\nstring 3d {\ndat {\ndata {\n4 5 6\n}\n", "3d,3,: 4 5 6\n"},
         // A pipeline holds the word pipe, so it has three numbers, as the wider form wins.
         {"string pipeline {\nz 5\ndata {\n1 2 3\n}\n", "pipeline,23,: 1 2 3\n"},
         {"string alignment {\nz 5\ndata {\n1 2 3\n}\n", "alignment,2,: 1 2 5\n"},
@@ -68,12 +71,13 @@ TEST(Scanner, TakesStringsByTheirWords) {
 TEST(Scanner, ReadsNamesInFreeFormat) {
     const std::string data = "\ndata {\n}\n}\n";
     std::string text;
-    for (const char* line : {"// none", "name \"A B\"", "style 1", "name A B", "NAMED B", "name /C",
-                             "name ,D", "name \"E//F\"", "name G/H", "name \"\""})
+    for (const char* line : {"// none", "nam E", "name \"A B\"", "style 1", "name A B", "NAMED B",
+                             "name /C", "name ,D", "name \"E//F\"", "name G/H", "name \"\""})
         text += "string 3d {\n" + (line + data);
-    expectObjects({{text,
-                    "3d,3,:\n3d,3,A B:\n3d,3,A B:\n3d,3,A:\n3d,3,D:\n3d,3,D:\n3d,3,D:\n3d,3,E:\n"
-                    "3d,3,G:\n3d,3,:\n"}});
+    expectObjects(
+        {{text,
+          "3d,3,:\n3d,3,:\n3d,3,A B:\n3d,3,A B:\n3d,3,A:\n3d,3,D:\n3d,3,D:\n3d,3,D:\n3d,3,E:\n"
+          "3d,3,G:\n3d,3,:\n"}});
 }
 
 TEST(Scanner, ClosesPolylines) {
@@ -82,7 +86,8 @@ TEST(Scanner, ClosesPolylines) {
     };
     const std::string open = "3d polyline,p3,: 1 2 3; 4 5 6\n";
     const std::string closed = "3d polyline,p3,: 1 2 3; 4 5 6; 1 2 3\n";
-    for (const char* line : {"", "closed 1", "CLOSED   true", "closedYes", "closed 0\nclosed yes"})
+    for (const char* line :
+         {"", "close 0", "closed 1", "CLOSED   true", "closedYes", "closed 0\nclosed yes"})
         expectObjects({{polyline(line), closed}});
     for (const char* line : {"closed 0", "closed", "closed \"true\""})
         expectObjects({{polyline(line), open}});

@@ -29,6 +29,8 @@ TEST(MifReader, ReadsEachKind) {
         "-> region 1: 0 0, 1 0, 1 1, 0 0, 1 0,; e4 |1\n"
         "region 1: 0 0, 1 0, 1 1, 0 0, 1 0,; e4 c7 8 |2\n",
         "Center 1 2\nNONE -> none 1:; |1\n", "Center 1 2 -> ",
+        "Poin 1\nPlin "
+        "2\nLin\nRegio\nMultipoin\nNon\nRec\nRoundrec\nTex\nAr\nEllips\nCollectio\nCente -> ",
         "\t point 9 10\nData\nPoint\n1,2 3\n -> "
         "point 1: 9 10,; |1\npoint 1: 1 2,; |2\n",
         "Pline 1\n5 6\nLine 0 0 -2 0\nROUNDRECT 1 2 3 4\nrect 5 6 7 8 -> pline 1: 5 6,; |1\n"
