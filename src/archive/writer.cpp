@@ -9,7 +9,7 @@ namespace {
 constexpr std::string_view kBlockEnd = "  }\r\n";
 
 void addSize(OutputLine& line, const D12Symbol& symbol) {
-    line.fixed(static_cast<double>(symbol.size), 10, 4);
+    line.fixed<10, 4>(static_cast<double>(symbol.size));
 }
 
 }  // namespace
@@ -75,12 +75,12 @@ void d12BeginString(int unit, const D12StringHead& head) {
 
 void d12AddVertex(OutputLine& line, double x, double y) {
     line.text("    ");
-    line.fixed(x, 16, 5);
-    line.fixed(y, 16, 5);
+    line.fixed<16, 5>(x);
+    line.fixed<16, 5>(y);
 }
 
 void d12AddElevation(OutputLine& line, float z) {
-    line.fixed(static_cast<double>(z), 12, 4);
+    line.fixed<12, 4>(static_cast<double>(z));
 }
 
 void d12EndString(int unit) {
@@ -93,9 +93,9 @@ void d12BeginLocations(int unit) {
 
 void d12AddLocation(OutputLine& line, const D12Symbol& symbol) {
     line.text("    ");
-    line.fixed(symbol.x, 20, 4);
+    line.fixed<20, 4>(symbol.x);
     line.text(" ");
-    line.fixed(symbol.y, 20, 4);
+    line.fixed<20, 4>(symbol.y);
     line.text(" ");
     addSize(line, symbol);
     line.end();
@@ -114,7 +114,7 @@ void d12AddSymbol(OutputLine& line, const D12Symbol& symbol) {
         "      size    ");
     addSize(line, symbol);
     line.text("\r\n      rotation ");
-    line.fixed(static_cast<double>(symbol.angle), 6, 2);
+    line.fixed<6, 2>(static_cast<double>(symbol.angle));
     line.text(
         "\r\n"
         "      offset    0\r\n"

@@ -7,8 +7,8 @@
 #include "archive/scanner.h"
 #include "archive/vertices.h"
 #include "gis/object.h"
+#include "text/constant_field.h"
 #include "text/joined.h"
-#include "text/number_field.h"
 
 namespace vantelgis {
 
@@ -33,9 +33,9 @@ void writePolyline(ArchiveStrings& run, int layer, std::string_view row);
 /// An attribute row: an elevation and `rest`, which is the same for all points of a string.
 class ElevationRow {
   public:
-    ElevationRow(float z, std::string_view rest) : row_(fieldOf(z), rest) {}
+    ElevationRow(float z, std::string_view rest) : row_(ElevationField(z), rest) {}
 
-    void setElevation(float z) { row_.overwrite(0, fieldOf(z)); }
+    void setElevation(float z) { row_.overwrite(0, ElevationField(z)); }
     /// Changes a character of the rest, counted from 0.
     void setInRest(std::size_t i, char c) { row_.overwrite(kElevationWidth + i, {&c, 1}); }
 
@@ -43,7 +43,13 @@ class ElevationRow {
 
   private:
     static constexpr int kElevationWidth = 16;
-    static FixedText fieldOf(float z) { return {static_cast<double>(z), kElevationWidth, 3}; }
+    struct ElevationField {
+        explicit ElevationField(float z) {
+            fixedField<kElevationWidth, 3>(text, static_cast<double>(z));
+        }
+        operator std::string_view() const { return {text, sizeof text}; }
+        char text[kElevationWidth];
+    };
 
     Joined<1000> row_;
 };

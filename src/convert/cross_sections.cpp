@@ -69,9 +69,9 @@ Path sectionPath(const CrossSections& run) {
 }
 
 void addSectionLine(OutputLine& line, float chainage, float z) {
-    line.fixed(static_cast<double>(chainage), 12, 3);
+    line.fixed<12, 3>(static_cast<double>(chainage));
     line.text(",");
-    line.fixed(static_cast<double>(z), 10, 3);
+    line.fixed<10, 3>(static_cast<double>(z));
     line.end();
 }
 

@@ -8,6 +8,7 @@
 
 #include "run/byte_order.h"
 #include "run/units.h"
+#include "text/constant_field.h"
 #include "text/number_field.h"
 
 namespace vantelgis {
@@ -60,6 +61,12 @@ class OutputLine {
     void fixed(double value, int width, int decimals) {
         need(static_cast<std::size_t>(width));
         out_ = fixedField(out_, value, width, decimals);
+    }
+    /// The same for a width and decimals that are known in advance.
+    template <int Width, int Decimals>
+    void fixed(double value) {
+        need(Width);
+        out_ = fixedField<Width, Decimals>(out_, value);
     }
     /// An integer in its shortest form.
     void integer(std::int64_t value) { text(IntegerText(value)); }

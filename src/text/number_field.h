@@ -6,6 +6,13 @@
 
 namespace vantelgis {
 
+/// 10 to the power of `n`, which is 0 to 19.
+constexpr std::uint64_t powerOfTen(int n) {
+    std::uint64_t power = 1;
+    for (; n > 0; --n) power *= 10;
+    return power;
+}
+
 /// Widest number field that `fixedField` writes.
 inline constexpr int kMaxFieldWidth = 64;
 

@@ -25,10 +25,10 @@ void checkWritten(int mifUnit) {
     if (writeFailed(mifUnit)) gisStop("ERROR 0439 - Writing .mif file object coordinates.");
 }
 
-void addNode(OutputLine& line, const OutputNodes& nodes, std::size_t i,
-             int decimals = kCoordinateDecimals) {
-    line.fixed(nodes.x()[i], kFieldWidth, decimals);
-    line.fixed(nodes.y()[i], kFieldWidth, decimals);
+template <int Decimals = kCoordinateDecimals>
+void addNode(OutputLine& line, const OutputNodes& nodes, std::size_t i) {
+    line.fixed<kFieldWidth, Decimals>(nodes.x()[i]);
+    line.fixed<kFieldWidth, Decimals>(nodes.y()[i]);
 }
 
 // A line of its own for each node from index `first` to before `end`.
@@ -55,8 +55,8 @@ void writePolyline(int unit, OutputNodes& nodes) {
     char* text = nodes.roomForTexts(kNodeWidth);
     OutputLine line{unit, std::min(nodes.size(), kLinesAtOnce) * kNodeLineRoom};
     for (std::size_t i = 0; i < nodes.size(); ++i) {
-        char* const y = fixedField(text, nodes.x()[i], kFieldWidth, kCoordinateDecimals);
-        char* const behind = fixedField(y, nodes.y()[i], kFieldWidth, kCoordinateDecimals);
+        char* const y = fixedField<kFieldWidth, kCoordinateDecimals>(text, nodes.x()[i]);
+        char* const behind = fixedField<kFieldWidth, kCoordinateDecimals>(y, nodes.y()[i]);
         line.text({text, kNodeWidth});
         line.end();
         text = behind;
@@ -106,8 +106,8 @@ void writeText(int unit, const OutputNodes& nodes, std::string_view row) {
     putLine(unit, row);
     OutputLine line{unit, 2 * kNodeLineRoom};
     line.text("    ");
-    addNode(line, nodes, 1, kTextBoxDecimals);
-    addNode(line, nodes, 2, kTextBoxDecimals);
+    addNode<kTextBoxDecimals>(line, nodes, 1);
+    addNode<kTextBoxDecimals>(line, nodes, 2);
     line.end();
 }
 
