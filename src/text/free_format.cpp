@@ -7,57 +7,11 @@
 #include <type_traits>
 
 #include "text/characters.h"
+#include "text/plain_decimal.h"
 
 namespace vantelgis {
 
 namespace {
-
-constexpr bool endsItem(char c) {
-    return c == ' ' || c == ',' || c == '/';
-}
-
-// The exact powers of ten of each width; within them one division rounds correctly.
-constexpr double kExactDoubles[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                    1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                    1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr float kExactFloats[] = {1e0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F,
-                                  1e6F, 1e7F, 1e8F, 1e9F, 1e10F};
-
-// Reads "[-+]digits[.digits]" whose digits are an exact number of the target's width: one exact
-// division then gives the nearest value. Returns the place behind it, or null when the item is of
-// another form and needs the general conversion.
-template <typename Real>
-const char* takePlainDecimal(const char* p, const char* end, Real& target) {
-    constexpr bool isDouble = std::is_same_v<Real, double>;
-    constexpr std::uint64_t kMaxMantissa = std::uint64_t{1} << std::numeric_limits<Real>::digits;
-    constexpr int kMaxDigits = isDouble ? 18 : 10;
-
-    const bool negative = *p == '-';
-    if (negative || *p == '+') ++p;
-    std::uint64_t mantissa = 0;
-    const char* const first = p;
-    while (p != end && isDigit(*p))
-        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p++ - '0');
-    auto digits = p - first;
-    std::ptrdiff_t decimals = 0;
-    if (p != end && *p == '.') {
-        const char* const point = ++p;
-        while (p != end && isDigit(*p))
-            mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p++ - '0');
-        decimals = p - point;
-        digits += decimals;
-    }
-    if (digits == 0 || digits > kMaxDigits || mantissa > kMaxMantissa) return nullptr;
-    if (p != end && !endsItem(*p)) return nullptr;
-    Real value;
-    if constexpr (isDouble) {
-        value = static_cast<double>(mantissa) / kExactDoubles[decimals];
-    } else {
-        value = static_cast<float>(mantissa) / kExactFloats[decimals];
-    }
-    target = negative ? -value : value;
-    return p;
-}
 
 // An item out of the range of from_chars, which has one error for both overflow and underflow.
 template <typename Real>
@@ -142,19 +96,10 @@ std::size_t takeQuoted(std::string_view text, TextRef target) {
 }  // namespace
 
 Item FreeFormat::findItem() {
-    const auto skipBlanks = [this] {
-        while (position_ < text_.size() && text_[position_] == ' ') ++position_;
-    };
-    skipBlanks();
-    if (separatorDue_ && position_ < text_.size() && text_[position_] == ',') {
-        ++position_;
-        separatorDue_ = false;
-        skipBlanks();
-    }
-    if (position_ == text_.size()) return Item::end;
-    if (text_[position_] == '/')
-        return Item::unchanged;  // stays here: all that follows is unchanged
-    if (text_[position_] == ',') {
+    skipSeparator();
+    if (next_ == end_) return Item::end;
+    if (*next_ == '/') return Item::unchanged;  // stays here: all that follows is unchanged
+    if (*next_ == ',') {
         separatorDue_ = true;
         return Item::unchanged;
     }
@@ -162,23 +107,15 @@ Item FreeFormat::findItem() {
 }
 
 std::string_view FreeFormat::wholeItem() const {
-    const std::string_view text = rest();
-    std::size_t n = 0;
-    while (n < text.size() && !endsItem(text[n])) ++n;
-    return text.substr(0, n);
+    const char* p = next_;
+    while (p != end_ && !endsItem(*p)) ++p;
+    return {next_, static_cast<std::size_t>(p - next_)};
 }
 
 template <typename Number>
 Item takeNumber(FreeFormat& list, Number& target) {
     const Item found = list.findItem();
     if (found != Item::value) return found;
-    if constexpr (std::is_floating_point_v<Number>) {
-        const std::string_view text = list.rest();
-        if (const char* end = takePlainDecimal(text.data(), text.data() + text.size(), target)) {
-            list.leaveItem(static_cast<std::size_t>(end - text.data()));
-            return Item::value;
-        }
-    }
     const std::string_view item = list.wholeItem();
     bool converted;
     if constexpr (std::is_floating_point_v<Number>) {
@@ -191,10 +128,10 @@ Item takeNumber(FreeFormat& list, Number& target) {
     return Item::value;
 }
 
-Item takeReal(FreeFormat& list, double& target) {
+Item takeAnyReal(FreeFormat& list, double& target) {
     return takeNumber(list, target);
 }
-Item takeReal(FreeFormat& list, float& target) {
+Item takeAnyReal(FreeFormat& list, float& target) {
     return takeNumber(list, target);
 }
 Item takeInteger(FreeFormat& list, std::int32_t& target) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "text/plain_decimal.h"
 #include "text/text.h"
 
 namespace vantelgis {
@@ -26,21 +27,23 @@ constexpr bool taken(Item item) {
 /// as a blank between the two.
 class FreeFormat {
   public:
-    explicit FreeFormat(std::string_view text) : text_(text) {}
+    explicit FreeFormat(std::string_view text) { continueWith(text); }
 
     /// Goes on with the next line once the present text is used up.
     void continueWith(std::string_view text) {
-        text_ = text;
-        position_ = 0;
+        next_ = text.data();
+        end_ = next_ + text.size();
     }
     /// The text that no item has taken yet.
-    [[nodiscard]] std::string_view rest() const { return text_.substr(position_); }
+    [[nodiscard]] std::string_view rest() const {
+        return {next_, static_cast<std::size_t>(end_ - next_)};
+    }
 
     /// Numbers are decimal, with or without point and exponent (E or D), or hexadecimal floats such
     /// as "-0x1.869f000000000p+16". The words nan and inf are no numbers. An overflow is `bad`, an
     /// underflow 0 or the denormal. A 32-bit target is converted directly.
-    friend Item takeReal(FreeFormat& list, double& target);
-    friend Item takeReal(FreeFormat& list, float& target);
+    template <typename Real>
+    friend Item takeReal(FreeFormat& list, Real& target);
     /// An integer is a sign and digits; anything else, or a value out of range, is `bad`.
     friend Item takeInteger(FreeFormat& list, std::int32_t& target);
     friend Item takeInteger(FreeFormat& list, std::int64_t& target);
@@ -54,19 +57,46 @@ class FreeFormat {
     /// The item at the position, up to a blank, comma or slash.
     [[nodiscard]] std::string_view wholeItem() const;
     void leaveItem(std::size_t length) {
-        position_ += length;
+        next_ += length;
         separatorDue_ = true;
+    }
+    void skipBlanks() {
+        while (next_ != end_ && *next_ == ' ') ++next_;
+    }
+    /// Moves over blanks and the separator of the item before.
+    void skipSeparator() {
+        skipBlanks();
+        if (!separatorDue_ || next_ == end_ || *next_ != ',') return;
+        ++next_;
+        separatorDue_ = false;
+        skipBlanks();
     }
     template <typename Number>
     friend Item takeNumber(FreeFormat& list, Number& target);
 
-    std::string_view text_;
-    std::size_t position_ = 0;
+    const char* next_;
+    const char* end_;
     bool separatorDue_ = false;  // an item was taken and its separator is still ahead
 };
 
-Item takeReal(FreeFormat& list, double& target);
-Item takeReal(FreeFormat& list, float& target);
+/// Any real of the list.
+Item takeAnyReal(FreeFormat& list, double& target);
+Item takeAnyReal(FreeFormat& list, float& target);
+
+/// A plain decimal behind blanks, as nearly all numbers are, is read here; everything else is left
+/// to the general reader.
+template <typename Real>
+Item takeReal(FreeFormat& list, Real& target) {
+    list.skipSeparator();
+    if (list.next_ != list.end_) {
+        if (const char* end = takePlainDecimal(list.next_, list.end_, target)) {
+            list.next_ = end;
+            list.separatorDue_ = true;
+            return Item::value;
+        }
+    }
+    return takeAnyReal(list, target);
+}
 Item takeInteger(FreeFormat& list, std::int32_t& target);
 Item takeInteger(FreeFormat& list, std::int64_t& target);
 Item takeWord(FreeFormat& list, TextRef target);
