@@ -31,8 +31,8 @@ TEST(Head, ValuesStandAtTheirColumns) {
         "//  archive_version 9\n ->  9",
         "//null_keyword true\n//  output_hex_floats true\n -> |hex",
         "archive_version 10\n// null_keyword true\n -> ", "NULL -999\n// null_keyword true\n -> ",
-        " // comment\n// null_keyword true\n -> ", "model \"m\"\n// null_keyword true\n -> ",
-        "\xEF\xBB\xBF// null_keyword true\n -> |null",
+        "/ archive\n// null_keyword true\n -> ", " // comment\n// null_keyword true\n -> ",
+        "model \"m\"\n// null_keyword true\n -> ", "\xEF\xBB\xBF// null_keyword true\n -> |null",
         "\xEF\xBB\xBF\n\xEF\xBB\xBF// null_keyword true\n -> ",
         // The keyword lies behind what counts of the line, or its value does; the mark counts.
         "//" + std::string(14, ' ') + "true" + std::string(968, ' ') + "null_keyword\n -> |null",

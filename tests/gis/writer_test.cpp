@@ -147,7 +147,7 @@ TEST(Writers, RefuseWhatTheyCannotWrite) {
     constexpr std::int32_t kLast = std::numeric_limits<std::int32_t>::max();
     const std::pair<Call, std::string_view> rows[] = {
         {fields(129, {"F", "Float", 0}),
-         "ERROR 0411 - Exceeded maximum number of dbf Fields trying"},
+         "ERROR 0411 - Exceeded maximum number of dbf Fields trying to write dbf file."},
         {fields(0, {}), "ERROR 0319 - No attributes specified when writing .dbf file."},
         {fields(1, {"F", "Char", 0}),
          "ERROR 0412 - dbf field length of 0 is outside allowable range"},
@@ -157,7 +157,7 @@ TEST(Writers, RefuseWhatTheyCannotWrite) {
         {fields(1, {"F", "Char", -2}), " Should not be here [i2u: i4 outside range]"},
         {fields(128, {"F", "Char", 255}), ""},
         {object("a.mif", arc),
-         "ERROR 0350 - Trying to write a MIF object that is not yet supported."},
+         "ERROR 0350 - Trying to write a MIF object that is not yet supported.  Please contact "},
         {object("a.shp", arc), "Should not be here [gisWriteObject-shp].  Please contact"},
         {object("a.mif", text), " Should not be here [gisWriteObject]"},
         {object("a.mif", polyline, {1, 3}), " Should not be here [gisWriteObject]"},
@@ -166,9 +166,13 @@ TEST(Writers, RefuseWhatTheyCannotWrite) {
          " Should not be here [gisO_%ir(i) <= gisO_%ir(i-1)] - please contact "
          "support@vantelgis.example"
          ".\nGIS Layer   =    1\ni           =    2\ngisO_%ir(i) =    1\ngisO_%nr    =    2"},
+        {object("a.mif", multiPolyline, {1, 2, 2}), "i           =    3\ngisO_%ir(i) =    2\n"},
+        {[] { gisWritePoint(gisCreateLayer("a.mif", "P", {}), OutputNodes{}, 0, ""); },
+         " Should not be here [gisWriteObject]"},
         {pointBehind(kLast - 14, kLast - 1), ""},
         {pointBehind(kLast - 13, 0), "ERROR 0439 - Writing .shp file object coordinates."},
-        {pointBehind(50, kLast), "ERROR 0419 - Exceeded dbf limit of 2,147,483,647 records."},
+        {pointBehind(50, kLast),
+         "ERROR 0419 - Exceeded dbf limit of 2,147,483,647 records.  Please contact "},
     };
     const auto refuses = [](const Call& call, std::string_view message) {
         const std::string console = consoleOf({{"out_P.shp", std::string(5000, 'x')}}, call);

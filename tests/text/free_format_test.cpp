@@ -67,6 +67,18 @@ TEST(FreeFormat, Reals) {
               "3.5e38 -> bad");
 }
 
+TEST(FreeFormat, PowersOfTen) {
+    for (int exponent = -30; exponent <= 30; ++exponent) {
+        for (const char* digits : {"1e", "9007199254740991e", "-12345678.9e"}) {
+            const std::string text = digits + std::to_string(exponent);
+            double expected = 0, value = 0;
+            std::from_chars(text.data(), text.data() + text.size(), expected);
+            FreeFormat list(text);
+            EXPECT_TRUE(takeReal(list, value) == Item::value && value == expected) << text;
+        }
+    }
+}
+
 TEST(FreeFormat, Integers) {
     checkRows(firstNumber<std::int32_t, takeInteger>, "42 -> 42", "+7, -> 7", "-007 -> -7",
               "-2147483648 -> -2147483648", "2147483648 -> bad");

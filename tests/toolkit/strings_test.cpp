@@ -78,6 +78,7 @@ TEST(Strings, ComparisonsAndFlags) {
               "abc|abcd -> different", "\ta\tb|ab -> same", "a\"b|A'B -> other case");
     const std::string thousand(1000, 'x');
     EXPECT_TRUE(ASAMECS(thousand, thousand + "y"));
+    EXPECT_FALSE(ASAMECS(thousand, thousand.substr(1) + "y"));
     checkRows(behindFlag, "String 2D {|2d -> [ {]", "String 2D {|2d   -> [ {]",
               "abAbaBc Rest|ABABC -> [ Rest]", "aab|AB -> []", "aab|b c -> none", "ab|abc -> none",
               "line| -> [line]", "line|    -> [line]", "| -> []", "|a -> none",
