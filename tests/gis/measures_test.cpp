@@ -13,6 +13,7 @@ template <ObjectKind kKind>
 std::string measured(std::string_view row) {
     std::istringstream numbers{std::string(row)};
     ObjectNodes nodes{20};
+    nodes.makeRoom(20);
     for (std::size_t i = 0; numbers >> nodes.x[i] >> nodes.y[i]; ++i) ++nodes.n;
     const Measures m = measuresOf({kKind}, nodes);
     std::ostringstream text;
