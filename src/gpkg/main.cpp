@@ -2,6 +2,7 @@
 #include <new>
 
 #include "gpkg/options.h"
+#include "gpkg/platform.h"
 #include "gpkg/report.h"
 #include "gpkg/to_archive/package_to_archive.h"
 #include "gpkg/to_package/archives_to_package.h"
@@ -9,10 +10,16 @@
 
 namespace {
 
-int run(int count, const char* const* values) {
+int run(int count, char** values) {
     using namespace vantelgis::gpkg;
+    std::vector<std::string> arguments;
+    if (!vantelgis::platform::takeArguments(count, values, arguments))
+        fail("an argument is no text");
+    arguments.erase(arguments.begin());
+    for (std::string& argument : arguments) argument = platform::utf8Argument(argument);
     Options options;
-    if (const std::optional<int> status = readCommandLine(count, values, options)) return *status;
+    if (const std::optional<int> status = readCommandLine(std::move(arguments), options))
+        return *status;
     if (options.quiet) silenceReports();
     if (directionOf(options) == Direction::toPackage) {
         archivesToPackage(options);

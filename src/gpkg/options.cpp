@@ -76,9 +76,10 @@ std::string withNearest(const CLI::App& app, const std::string& wrong) {
     return joined("there is no option ", wrong, "; did you mean ", nearest, "?");
 }
 
-void parse(CLI::App& app, int count, const char* const* values) {
+void parse(CLI::App& app, std::vector<std::string> arguments) {
+    std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
     try {
-        app.parse(count, values);
+        app.parse(std::move(arguments));
     } catch (const CLI::ExtrasError&) {
         refuse(withNearest(app, app.remaining().front()));
     } catch (const CLI::ParseError& error) {
@@ -165,12 +166,12 @@ Direction directionOf(const Options& options) {
     return isPackageName(options.inputs.front()) ? Direction::toArchive : Direction::toPackage;
 }
 
-std::optional<int> readCommandLine(int count, const char* const* values, Options& options) {
+std::optional<int> readCommandLine(std::vector<std::string> arguments, Options& options) {
     CLI::App app;
     RawOptions raw;
     describe(app, options, raw);
     try {
-        parse(app, count, values);
+        parse(app, std::move(arguments));
         if (raw.help || raw.version) {
             const std::string_view text =
                 raw.help ? kHelp : "vantelgis-gpkg " VANTELGIS_VERSION "\n";

@@ -45,9 +45,10 @@ enum class Direction { toPackage, toArchive };
 /// Which way the inputs go, by their extensions. Fails when that can't be told.
 [[nodiscard]] Direction directionOf(const Options& options);
 
-/// Reads the command line into `options`. Gives nothing when the run may begin, else the status
-/// with which the program ends: 0 behind help or version, 2 behind a message on what is wrong.
-[[nodiscard]] std::optional<int> readCommandLine(int count, const char* const* values,
+/// Reads the command line (without the program's own name) into `options`. Gives nothing when the
+/// run may begin, else the status with which the program ends: 0 behind help or version, 2 behind a
+/// message on what is wrong.
+[[nodiscard]] std::optional<int> readCommandLine(std::vector<std::string> arguments,
                                                  Options& options);
 
 }  // namespace vantelgis::gpkg

@@ -35,7 +35,9 @@ void discardLocked(LockedFile& file, std::string_view name);
 /// False when the system refuses, or when there is no such file.
 bool removeFile(std::string_view name);
 
-/// The spelling in UTF-8 that SQLite takes for the file.
+/// An argument of the command line in UTF-8, as everything is spelled from then on.
+[[nodiscard]] std::string utf8Argument(std::string_view argument);
+/// The spelling that SQLite takes for the file.
 [[nodiscard]] std::string databaseName(std::string_view name);
 
 /// What the system said of the last refusal, such as "No space left on device".

@@ -3,7 +3,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <csignal>
@@ -12,16 +11,13 @@
 #include <cstring>
 
 #include "gpkg/platform.h"
+#include "run/platform_posix_names.h"
 
 namespace vantelgis::gpkg::platform {
 
 namespace {
 
-std::string systemName(std::string_view name) {
-    std::string result(name);
-    std::replace(result.begin(), result.end(), '\\', '/');
-    return result;
-}
+using vantelgis::platform::systemName;
 
 int descriptor(const LockedFile& file) {
     return static_cast<int>(file.handle);
@@ -84,6 +80,15 @@ bool openByOthers(int file) {
 #endif
 }
 
+// So that the new name is on the disk as well; a file system that can't is no failure.
+void syncFolderOf(const std::string& path) {
+    const std::string folder = path.substr(0, path.rfind('/') + 1);
+    const int opened = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
+    if (opened < 0) return;
+    static_cast<void>(fsync(opened));
+    close(opened);
+}
+
 }  // namespace
 
 Locking createLocked(LockedFile& file, std::string_view name, std::string_view modelFile) {
@@ -118,6 +123,7 @@ bool publishLocked(LockedFile& file, std::string_view name, std::string_view tar
     removeWhenStopped({});
     close(descriptor(file));
     file.handle = -1;
+    syncFolderOf(systemName(target));
     return true;
 }
 
@@ -159,6 +165,10 @@ bool openElsewhere(std::string_view name) {
 
 bool removeFile(std::string_view name) {
     return unlink(systemName(name).c_str()) == 0;
+}
+
+std::string utf8Argument(std::string_view argument) {
+    return std::string(argument);
 }
 
 std::string databaseName(std::string_view name) {

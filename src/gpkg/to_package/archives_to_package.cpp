@@ -32,7 +32,7 @@ std::vector<Source> sourcesOf(const Options& options) {
     std::vector<Source> sources;
     for (const std::string& file : options.inputs) {
         if (!vantelgis::platform::inputExists(file)) fail(file, " isn't there, or is no file");
-        const Source source{file, platform::databaseName(fileNameOf(file))};
+        const Source source{file, std::string(fileNameOf(file))};
         const bool twice = std::any_of(sources.begin(), sources.end(), [&](const Source& other) {
             return other.name == source.name;
         });
