@@ -6,8 +6,11 @@ import subprocess
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 FOLDER = ROOT / "build" / "fuzz"
 PROGRAM = FOLDER / "fuzz" / "vantelgis_fuzz"
-OPTIONS = ["-timeout=25", "-rss_limit_mb=2048", "-malloc_limit_mb=512", "-max_len=4096",
+OPTIONS = ["-timeout=25", "-rss_limit_mb=2048", "-malloc_limit_mb=512",
            "-print_final_stats=1", "-close_fd_mask=0"]
+# Bytes of an input; the smallest package has 9,000.
+LONGEST = {"gpkg": 20_000}
+LONGEST_OF_OTHERS = 4096
 
 
 def build():
@@ -31,6 +34,7 @@ def command(name, seconds, options=()):
         folder.mkdir(parents=True, exist_ok=True)
     folders = [corpus, seeds, ROOT / "fuzz/findings" / name]
     return [PROGRAM, f"--driver={name}", f"-max_total_time={seconds}", *OPTIONS,
+            f"-max_len={LONGEST.get(name, LONGEST_OF_OTHERS)}",
             f"-artifact_prefix={FOLDER / 'found' / name}-",
             *([f"-dict={words}"] if words.exists() else []), *options,
             *[folder for folder in folders if folder.is_dir()]]

@@ -12,6 +12,8 @@ import pathlib
 import random
 import sys
 
+import gpkg_seeds
+
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 DIVIDER = b"\n=====\n"
 LONGEST = 20_000
@@ -51,6 +53,8 @@ def inputs(driver):
             for data in inputs(name):
                 if len(data) <= LONGEST_SHIFTED and data[0] in SHIFTED_MODES:
                     yield bytes([data[-1], data[0] + 8 * kind]) + data[1:]
+    elif driver == "gpkg":
+        yield from gpkg_seeds.inputs(found(".12da"))
     elif driver == "roundtrip":
         for seed in range(200):
             yield random.Random(seed).randbytes(40 + seed * 5)

@@ -9,8 +9,8 @@ if(NOT CMAKE_CROSSCOMPILING)
   # The inputs with which a fuzz driver begins and those that once showed a fault, without its engine.
   file(GLOB fuzz_drivers CONFIGURE_DEPENDS ${fuzz}/drivers/*.cpp ${fuzz}/model/*.cpp)
   add_executable(fuzz_replay ${fuzz}/replay.cpp ${fuzz_drivers})
-  target_link_libraries(fuzz_replay PRIVATE memory_support vantelgis_core)
-  foreach(driver mif shp archive command boundaries roundtrip)
+  target_link_libraries(fuzz_replay PRIVATE memory_support vantelgis_gpkg_core vantelgis_core)
+  foreach(driver mif shp archive command boundaries roundtrip gpkg)
     set(seeds ${PROJECT_BINARY_DIR}/fuzz_seeds/${driver})
     add_test(NAME seeds_${driver} COMMAND Python3::Interpreter
       ${fuzz}/make_seeds.py ${driver} ${seeds})

@@ -9,7 +9,8 @@ constexpr Driver kDrivers[] = {{"mif", runMif},
                                {"archive", runArchive},
                                {"command", runCommand},
                                {"boundaries", runBoundaries},
-                               {"roundtrip", runRoundTrip}};
+                               {"roundtrip", runRoundTrip},
+                               {"gpkg", runGpkg}};
 
 }  // namespace
 

@@ -35,4 +35,9 @@ void runBoundaries(std::string_view bytes);
 /// that come out have to be, byte for byte, those that follow from the values that went in.
 void runRoundTrip(std::string_view bytes);
 
+/// A byte that chooses what the others are: the geometry of a feature, a whole package, the names,
+/// values and geometries of a package that is sound otherwise, or an archive. Archives that come
+/// out have to be taken by the reader, and to keep what they say on a further way there and back.
+void runGpkg(std::string_view bytes);
+
 }  // namespace vantelgis::fuzz

@@ -161,6 +161,10 @@ Database Database::openBytes(std::string_view bytes) {
     return database;
 }
 
+Database Database::openMemory() {
+    return {"the package", ":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE};
+}
+
 Database Database::openScratch(std::string_view file) {
     Database database{file, platform::databaseName(file),
                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE};

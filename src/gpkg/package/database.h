@@ -64,6 +64,8 @@ class Database {
     static Database openForReading(std::string_view file);
     /// The same for a database that is held in memory; the bytes must stay.
     static Database openBytes(std::string_view bytes);
+    /// An empty database that is nowhere but in memory.
+    static Database openMemory();
     /// Opens a file that belongs to this run alone, a new or copied one. Nothing is kept for a
     /// rollback: when the run fails, the file goes.
     static Database openScratch(std::string_view file);

@@ -101,6 +101,10 @@ LineLayer lineLayer(Database& database, const ListedLayer& listed, const Options
     return layer;
 }
 
+bool hasRows(Database& database, std::string_view table) {
+    return database.valueOf(joined("SELECT 1 FROM ", quotedName(table), " LIMIT 1")) != 0;
+}
+
 std::string namesOf(const std::vector<ListedLayer>& listed) {
     std::string names;
     for (const ListedLayer& layer : listed)
@@ -136,7 +140,7 @@ std::vector<LineLayer> allLineLayers(Database& database, const std::vector<Liste
             fail(database.file(), ": the layer ", each.table, " can't be read: ", why,
                  ". --layer names those that are to be taken");
         } else if (LineLayer layer = lineLayer(database, each, options);
-                   holdsLines(each) || layer.ownPoints) {
+                   holdsLines(each) || (layer.ownPoints && hasRows(database, each.table))) {
             layers.push_back(std::move(layer));
         }
     }

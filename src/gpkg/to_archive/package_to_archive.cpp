@@ -1,18 +1,12 @@
 #include "gpkg/to_archive/package_to_archive.h"
 
-#include <optional>
-#include <set>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "gpkg/package/database.h"
 #include "gpkg/plain_file.h"
 #include "gpkg/report.h"
 #include "gpkg/result_file.h"
-#include "gpkg/to_archive/archive_strings_writer.h"
-#include "gpkg/to_archive/feature_reader.h"
-#include "gpkg/to_archive/line_layers.h"
+#include "gpkg/to_archive/write_archive.h"
 #include "gpkg/transcoding.h"
 #include "run/platform.h"
 #include "text/paths.h"
@@ -24,43 +18,6 @@ namespace {
 std::string targetOf(const Options& options) {
     if (!options.output.empty()) return options.output;
     return joined(withoutExtension(options.inputs.front()), ".12da");
-}
-
-// Writes the features as they come. False when a model comes back that another one has followed;
-// what was written is then worth nothing.
-bool writeInOrder(FeatureReader& reader, ArchiveStringsWriter& writer, bool grouped) {
-    constexpr std::size_t kMostRemembered = 10'000;
-    std::set<std::string, std::less<>> ended;
-    std::optional<std::string> model;
-    Feature feature;
-    while (reader.next(feature)) {
-        const std::string_view own = feature.text(Attribute::model);
-        if (!model || *model != own) {
-            if (!grouped && (ended.contains(own) || ended.size() > kMostRemembered)) return false;
-            if (model && !grouped) ended.insert(*model);
-            model = own;
-            writer.beginModel(own);
-        }
-        writer.write(feature);
-    }
-    return true;
-}
-
-WriteCounts writeArchive(Database& database, const std::vector<LineLayer>& layers,
-                         const Options& options, const std::string& file) {
-    FeatureReader reader{database, layers, options};
-    bool grouped = !options.sortField.empty();
-    for (const LineLayer& layer : layers) grouped = grouped || layer.ownPoints;
-    for (;;) {
-        if (grouped) reader.startGrouped();
-        ArchiveStringsWriter writer{file, database.file()};
-        if (writeInOrder(reader, writer, grouped)) {
-            if (writer.counts().models == 0) writer.beginModel(reader.defaultModel(layers.front()));
-            writer.close();
-            return writer.counts();
-        }
-        grouped = true;
-    }
 }
 
 void reportCounts(const std::string& target, const WriteCounts& counts) {
@@ -101,25 +58,23 @@ void packageToArchive(const Options& options) {
     const std::string& package = options.inputs.front();
     if (!vantelgis::platform::inputExists(package)) fail(package, " isn't there, or is no file");
     Database database = Database::openForReading(package);
-    const std::vector<LineLayer> layers = chooseLayers(database, options);
-    const CoordinateSystem system = systemOfLayers(database, layers, options);
     const std::string target = targetOf(options);
-    WriteCounts counts;
+    WrittenArchive written;
     {
         ResultFile result{target};
         const bool plain =
             options.encoding == Encoding::automatic || options.encoding == Encoding::utf8;
         if (plain) {
-            counts = writeArchive(database, layers, options, result.scratchName());
+            written = writeArchive(database, options, result.scratchName());
         } else {
             const ScratchFile text{result.scratchName() + ".text"};
-            counts = writeArchive(database, layers, options, text.name());
+            written = writeArchive(database, options, text.name());
             transcode(text.name(), options.encoding, result.scratchName());
         }
         result.publish();
     }
-    if (options.prj) writeProjection(system, target);
-    reportCounts(target, counts);
+    if (options.prj) writeProjection(written.system, target);
+    reportCounts(target, written.counts);
 }
 
 }  // namespace vantelgis::gpkg
