@@ -1,5 +1,5 @@
-# The guide as one page, the manual pages, the sample headers, the examples and the history, made where
-# there is Python. `shipped_documents` is the target of what is made.
+# The guide as one page, the manual pages, what completes commands in a shell, the sample headers, the
+# examples and the history, made where there is Python. `shipped_documents` is the target of what is made.
 install(FILES ${PROJECT_SOURCE_DIR}/CHANGES.md DESTINATION ${document_folder} COMPONENT program)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${document_folder}
   COMPONENT program FILES_MATCHING
@@ -27,7 +27,7 @@ function(document file python script)
   set(script ${PROJECT_SOURCE_DIR}/cmake/${script})
   add_custom_command(OUTPUT ${documents}/${file}
     COMMAND ${python} ${script} ${ARGN} > ${documents}/${file}
-    DEPENDS ${script} ${guide_pages} VERBATIM)
+    DEPENDS ${script} ${guide_pages} ${shipped_programs} VERBATIM)
   set(made_documents ${made_documents} ${documents}/${file} PARENT_SCOPE)
 endfunction()
 
@@ -49,9 +49,20 @@ endif()
 
 if(NOT WIN32)
   document(man/vantelgis.1 ${Python3_EXECUTABLE} man_page.py guide ${pages} ${PROJECT_VERSION})
-  document(man/vantelgis-batch.1 ${Python3_EXECUTABLE} man_page.py usage
-    ${PROJECT_SOURCE_DIR}/tools/vantelgis-batch ${PROJECT_VERSION})
+  foreach(program IN LISTS shipped_programs)
+    if(NOT program STREQUAL vantelgis)
+      document(man/${program}.1 ${Python3_EXECUTABLE} man_page.py help $<TARGET_FILE:${program}>
+        ${help_${program}} ${about_${program}} ${PROJECT_VERSION})
+    endif()
+  endforeach()
   install(DIRECTORY ${documents}/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
+
+  set(completion ${documents}/vantelgis-batch)
+  add_custom_command(OUTPUT ${completion}
+    COMMAND vantelgis-batch --completion bash > ${completion} DEPENDS vantelgis-batch VERBATIM)
+  list(APPEND made_documents ${completion})
+  install(FILES ${completion} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    COMPONENT program)
 endif()
 
 set(header_script ${PROJECT_SOURCE_DIR}/cmake/sample_headers.py)

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Makes the manual page of a program.
 
-man_page.py guide FOLDER VERSION    vantelgis(1) from the pages of the guide
-man_page.py usage SCRIPT VERSION    the page of a script from what its option -h prints
+man_page.py guide FOLDER VERSION                   vantelgis(1) from the pages of the guide
+man_page.py help PROGRAM OPTION ABOUT VERSION      the page of a program from its help and a line about it
 
 Of Markdown it knows what the guide uses: headings, paragraphs, lists, indented blocks, tables, code,
 bold words, links and pictures.
@@ -93,21 +93,35 @@ def guide(folder, version):
     yield from (".SH SEE ALSO", ".BR vantelgis\\-batch (1)")
 
 
-def usage(script, version):
-    text = subprocess.run(["sh", script, "-h"], capture_output=True, text=True, check=True).stdout
-    program = pathlib.Path(script).name
-    summary = re.search(r"\A#!.*\n# (.*)\.\n", pathlib.Path(script).read_text("utf-8")).group(1)
-    synopsis, _, description = text.partition("\n")
-    yield from (heading(program, version), ".SH NAME",
-                f"{escaped(program)} \\- {escaped(summary[0].lower() + summary[1:])}",
-                ".SH SYNOPSIS", f".B {escaped(synopsis.removeprefix('Usage: '))}",
-                ".SH DESCRIPTION", ".nf", *map(escaped, description.strip().splitlines()), ".fi",
-                ".SH SEE ALSO", ".BR vantelgis (1)")
+def help_block(lines):
+    """A paragraph, or indented lines as they stand with perhaps a heading before them."""
+    indented = [line for line in lines if line.startswith(" ")]
+    if not indented:
+        yield from (".PP", *map(escaped, lines))
+        return
+    first = lines[0].rstrip(":")
+    if not first.startswith(" "):
+        yield f'.SH "{escaped(first).upper()}"'
+    yield from (".PP", ".nf", *map(escaped, indented), ".fi")
+
+
+def program_help(program, option, about, version):
+    text = subprocess.run([program, option], capture_output=True, text=True, check=True).stdout
+    name = pathlib.Path(program).name
+    usage = re.search(r"^Usage: .*\n(?: .*\n)*", text, re.MULTILINE)
+    synopsis = usage[0].removeprefix("Usage:").strip().splitlines()
+    yield from (heading(name, version), ".SH NAME",
+                f"{escaped(name)} \\- {escaped(about[0].lower() + about[1:])}", ".SH SYNOPSIS", ".nf")
+    yield from (f".B {escaped(line.strip())}" for line in synopsis)
+    yield from (".fi", ".SH DESCRIPTION")
+    for group in re.split(r"\n\s*\n", text.replace(usage[0], "").strip("\n")):
+        yield from help_block(group.splitlines())
+    yield from (".SH SEE ALSO", ".BR vantelgis (1)")
 
 
 def main():
-    kind, source, version = sys.argv[1:]
-    print("\n".join({"guide": guide, "usage": usage}[kind](source, version)))
+    kind, *rest = sys.argv[1:]
+    print("\n".join({"guide": guide, "help": program_help}[kind](*rest)))
 
 
 if __name__ == "__main__":

@@ -4,10 +4,13 @@
 include(GNUInstallDirs)
 find_package(Python3 3.8 COMPONENTS Interpreter)
 
-# The programs, each with a line about it, as far as this build has them.
+# The programs, each with a line about it and the option that prints all of its help, as far as this
+# build has them.
 set(about_vantelgis "Converts between 12d Model archives and GIS layers")
 set(about_vantelgis-batch "Converts many files and says which results are right")
 set(about_vantelgis-gpkg "Converts between 12d Model archives and GeoPackages")
+set(help_vantelgis-batch --help-all)
+set(help_vantelgis-gpkg --help)
 set(shipped_programs "")
 foreach(program vantelgis vantelgis-batch vantelgis-gpkg)
   if(TARGET ${program})
@@ -26,11 +29,6 @@ install(TARGETS ${shipped_programs} RUNTIME DESTINATION ${program_folder} COMPON
 if(WIN32)
   include(${CMAKE_CURRENT_LIST_DIR}/windows_programs.cmake)
 endif()
-if(NOT WIN32 AND NOT TARGET vantelgis-batch)
-  install(PROGRAMS ${PROJECT_SOURCE_DIR}/tools/vantelgis-batch DESTINATION ${program_folder}
-    COMPONENT program)
-endif()
-
 include(${CMAKE_CURRENT_LIST_DIR}/documents.cmake)
 
 # What `cmake --install` and cpack build before they copy.

@@ -11,10 +11,12 @@ import tempfile
 
 SKIPPED = 77
 DOCUMENTS = "usr/share/doc/vantelgis"
+PROGRAMS = "vantelgis", "vantelgis-batch", "vantelgis-gpkg"
 FILES = {
-    "usr/bin/vantelgis", "usr/bin/vantelgis-batch",
-    "usr/share/man/man1/vantelgis.1", "usr/share/man/man1/vantelgis-batch.1",
+    *(f"usr/bin/{program}" for program in PROGRAMS),
+    *(f"usr/share/man/man1/{program}.1" for program in PROGRAMS),
     f"{DOCUMENTS}/guide.html", f"{DOCUMENTS}/CHANGES.md",
+    "usr/share/bash-completion/completions/vantelgis-batch",
 }
 EXAMPLES = f"{DOCUMENTS}/examples"
 HEADERS = f"{DOCUMENTS}/headers"
@@ -47,12 +49,13 @@ def check_files(root):
 
 
 def check_runs(root, work):
-    """The installed program, through the installed script, on an installed example."""
+    """The installed programs on an installed example; each finds the others."""
     shutil.copytree(root / EXAMPLES, work)
     search = {**os.environ, "PATH": f"{root / 'usr/bin'}:{os.environ['PATH']}"}
-    told = output("vantelgis-batch", "site.12da", "--", "-mif", cwd=work, env=search)
-    check(told == "1 runs, all well\n", told)
-    check((work / "site.12da.mif").stat().st_size > 0, "the result is there")
+    for arguments, result in (["site.12da", "--", "-mif"], "site.12da.mif"), \
+                             (["site.12da", "--to", "gpkg"], "site.gpkg"):
+        output("vantelgis-batch", *arguments, cwd=work, env=search)
+        check((work / result).stat().st_size > 0, f"{result} is there")
 
 
 def check_manual(root):
@@ -61,6 +64,7 @@ def check_manual(root):
     for page in (root / "usr/share/man/man1").iterdir():
         told = output("groff", "-man", "-ww", "-z", page)
         check(told == "", f"{page.name} is sound: {told}")
+        check(page.stat().st_size > 1000, f"{page.name} tells something")
     text = output("groff", "-man", "-Tascii", "-P-c", root / "usr/share/man/man1/vantelgis.1")
     for words in "-results velocity.mif", "ERROR 0310", "Press Enter to Continue":
         check(words in text, f"the manual page tells of {words}")
