@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Writes the guide as one page of HTML to standard output, with its pictures inside.
 
-Usage: guide_html.py FOLDER VERSION
+Usage: guide_html.py FOLDER VERSION [--strict]
 
 The pages are those that FOLDER/README.md links to, in its order. A page that it leaves out, a link
-that leads nowhere and a picture that isn't there are faults, told on standard error with status 1.
+that leads nowhere and a picture that isn't there are told on standard error, and with --strict the
+status is 1.
 Needs the Python module markdown.
 """
 
@@ -49,7 +50,7 @@ class Guide:
         names = list(dict.fromkeys(re.findall(r"\]\(([\w-]+)\.md\)", index)))
         left_out = {path.stem for path in self.folder.glob("*.md")} - {"README", *names}
         self.faults += [f"README.md has no link to {name}.md" for name in sorted(left_out)]
-        return names
+        return [name for name in names if (self.folder / f"{name}.md").is_file()]
 
     def picture(self, source):
         path = self.folder / html.unescape(source)
@@ -110,12 +111,11 @@ def slug(text, separator):
 
 def main():
     guide = Guide(pathlib.Path(sys.argv[1]), sys.argv[2])
-    text = guide.text()
-    if guide.faults:
-        sys.exit("\n".join(guide.faults))
     sys.stdout.reconfigure(encoding="utf-8", newline="\n")
-    sys.stdout.write(text)
+    sys.stdout.write(guide.text())
+    print(*guide.faults, sep="\n", end="", file=sys.stderr)
+    return 1 if guide.faults and sys.argv[3:] == ["--strict"] else 0
 
 
 if __name__ == "__main__":
-    main()
+    sys.exit(main())

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Opens the guide in a browser without a screen: every picture shows, every link leads somewhere, no
-table is wider than the page, nothing is fetched. Argument: guide.html. Skipped where there is no
-Chromium (Debian: chromium)."""
+"""The guide's one page has all pages of docs/ and no dead link. A browser without a screen, where there
+is one (Debian: chromium), shows every picture, no table wider than the page, and fetches nothing.
+Argument: guide.html."""
 
 import pathlib
 import re
@@ -10,7 +10,7 @@ import subprocess
 import sys
 import tempfile
 
-SKIPPED = 77
+ROOT = pathlib.Path(__file__).resolve().parents[2]
 BROWSERS = "chromium", "chromium-browser", "google-chrome"
 LOOK = """<script>addEventListener("load", () => {
   const all = what => [...document.querySelectorAll(what)];
@@ -26,11 +26,22 @@ LOOK = """<script>addEventListener("load", () => {
 });</script>"""
 
 
+def faults_of_pages():
+    """What the script that makes the guide has to say; Debian's Python has the module that it needs."""
+    pythons = [python for python in (sys.executable, "/usr/bin/python3")
+               if subprocess.run([python, "-c", "import markdown"], stderr=subprocess.DEVNULL,
+                                 check=False).returncode == 0]
+    return subprocess.run([pythons[0], ROOT / "cmake/guide_html.py", ROOT / "docs", "1", "--strict"],
+                          stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True,
+                          check=False).stderr
+
+
 def main():
+    faults = faults_of_pages()
     browser = next(filter(None, map(shutil.which, BROWSERS)), None)
-    if browser is None:
-        print("no Chromium")
-        return SKIPPED
+    if faults or browser is None:
+        print(faults or "The pages hang together; there is no Chromium to look at them")
+        return 1 if faults else 0
     with tempfile.TemporaryDirectory() as folder:
         page = pathlib.Path(folder) / "guide.html"
         page.write_text(pathlib.Path(sys.argv[1]).read_text("utf-8") + LOOK, "utf-8")
