@@ -9,3 +9,10 @@ add_test(NAME batch COMMAND Python3::Interpreter
   ${CMAKE_CURRENT_SOURCE_DIR}/windows/batch_test.py --program $<TARGET_FILE:vantelgis>
   --launcher "${CMAKE_CROSSCOMPILING_EMULATOR}")
 set_tests_properties(batch PROPERTIES TIMEOUT 120)
+# The zip as its users unpack it.
+add_test(NAME zip_packed COMMAND ${PROJECT_SOURCE_DIR}/tools/build-windows)
+add_test(NAME zip COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/windows/zip_test.py
+  ${PROJECT_SOURCE_DIR}/dist/vantelgis-${PROJECT_VERSION}-windows-x64.zip ${PROJECT_VERSION}
+  "${CMAKE_CROSSCOMPILING_EMULATOR}")
+set_tests_properties(zip_packed PROPERTIES FIXTURES_SETUP zip)
+set_tests_properties(zip PROPERTIES FIXTURES_REQUIRED zip TIMEOUT 600)

@@ -1,0 +1,99 @@
+#!/usr/bin/env python3
+"""Unpacks the zip below a folder whose name is awkward, drops samples with awkward names on each of
+its icons, and runs its examples. Arguments: the zip, its version, what starts a Windows program."""
+
+import pathlib
+import shlex
+import subprocess
+import sys
+import tempfile
+import zipfile
+
+EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
+AWKWARD = "50% & !x! ^ (a) [b] é Ωμ 日本 😀"
+BREAKLINES_3D = "3D breaklines (points and lines)"
+# The icon, what is dropped on it (a folder ends in "/"), a result, and a text that this holds.
+DROPS = [
+    ("2D breaklines", ["creek.mif", "creek.mid"], "creek.12da", "top of left bank"),
+    ("2D breaklines", ["./"], "kerb.12da", "string 2d"),
+    (BREAKLINES_3D, ["invert.mif", "levels.mif"], "invert.12da", "string 3d"),
+    (BREAKLINES_3D, ["levels.mif", "levels.mid", "invert.mid", "invert.mif"], "invert.12da", "11.6"),
+    (BREAKLINES_3D, ["levee.mif"], "levee.12da", "12.1154"),
+    ("Results", ["velocity.mif"], "velocity.12da", "ARROW"),
+    ("Archive to layers", ["site.12da", "creek.mif"], "site.12da_L.prj", "PROJCS"),
+    ("Archive to layers", ["without projection/"], "without projection/site.12da.mif", "Pline"),
+    ("Archive to cross-sections", ["sections.12da"], "XS_100.csv", '"X","Z"'),
+]
+
+
+def run(launcher, folder, *command):
+    return subprocess.run([*launcher, *command], cwd=folder, stdin=subprocess.DEVNULL, timeout=120,
+                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+
+
+def awkward(name):
+    """The same name with awkward characters before its ending, but for files found by theirs."""
+    path = pathlib.PurePath(name)
+    if path.stem in ("Header", "XS_100") or name.endswith("/"):
+        return name
+    stem, dot, rest = path.name.partition(".")
+    return str(path.parent / f"{stem} {AWKWARD}{dot}{rest}")
+
+
+def make_samples(folder):
+    for path in EXAMPLES.glob("*.*"):
+        (folder / awkward(path.name)).write_bytes(path.read_bytes())
+    apart = folder / "without projection"
+    apart.mkdir()
+    (apart / awkward("site.12da")).write_bytes((EXAMPLES / "site.12da").read_bytes())
+
+
+def drop(launcher, top, work, row):
+    icon, names, result, text = row
+    samples = work / "samples"
+    samples.mkdir()
+    make_samples(samples)
+    dropped = [samples / awkward(name) for name in names]
+    done = run(launcher, work, str(top / f"{icon}.exe"), *(f"Z:{path}".replace("/", "\\") for path in dropped))
+    what = f"{icon}, {names}:\n{done.stdout.decode('utf-8', 'replace')}"
+    assert done.returncode == 0 and done.stdout.rstrip().endswith(b"close this window."), what
+    made = samples / awkward(result)
+    assert made.is_file() and text in made.read_text("latin-1"), f"{what}\n{list(samples.iterdir())}"
+    assert (made.parent / f"{icon} report.html").stat().st_size > 1000, what
+    samples.rename(work / f"done {len(list(work.iterdir()))}")
+
+
+def check_programs(top, version):
+    programs = list(top.glob("*.exe"))
+    assert len(programs) == 8, programs
+    for program in programs:
+        data = program.read_bytes()
+        assert b"longPathAware" in data and version.encode("utf-16le") in data, program
+
+
+def check_examples(launcher, top):
+    folder = top / "examples"
+    told = run(launcher, folder, "cmd", "/c", "Run the examples.cmd").stdout.decode()
+    rows = [line.split("|") for line in (folder / "runs.txt").read_text().splitlines() if line[0] != "#"]
+    for _, result, _, title in rows:
+        assert f"== {title}" in told and (folder / "results" / result).is_file(), told
+
+
+def main():
+    archive, version, launcher = sys.argv[1:]
+    launcher = shlex.split(launcher)
+    with tempfile.TemporaryDirectory(prefix=f"zip {AWKWARD} ") as scratch:
+        work = pathlib.Path(scratch)
+        with zipfile.ZipFile(archive) as packed:
+            packed.extractall(work)
+        top, = work.iterdir()
+        check_programs(top, version)
+        check_examples(launcher, top)
+        for row in DROPS:
+            drop(launcher, top, work, row)
+        nothing = run(launcher, work, str(top / "Results.exe"))
+        assert nothing.returncode == 2 and b"drop layers" in nothing.stdout, nothing.stdout
+    print(f"{len(DROPS)} drops give what they should")
+
+
+main()
