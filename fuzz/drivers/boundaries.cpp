@@ -21,6 +21,7 @@ namespace {
 
 constexpr std::size_t kLittle = 2048;
 constexpr std::size_t kLongestContent = 8192;
+constexpr std::size_t kBefore = 2;   // places at the end of the padding
 constexpr std::size_t kShifts = 12;  // for each input, beside the run with little padding
 
 // `size` bytes of lines that begin with `start`.
@@ -120,7 +121,8 @@ void shift(const Kind& kind, const Input& input, std::size_t first) {
     const Outcome expected = outputsOf(kind.pad(input, kLittle), arguments);
     for (std::size_t i = 0; i < kShifts; ++i) {
         const std::size_t place = std::min((first + i) * kind.step, kBufferSize / 2);
-        requireSame(expected, outputsOf(kind.pad(input, kind.end - place), arguments));
+        const std::size_t size = kind.end + kBefore * kind.step - place;
+        requireSame(expected, outputsOf(kind.pad(input, size), arguments));
     }
 }
 
