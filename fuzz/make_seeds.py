@@ -50,7 +50,7 @@ def inputs(driver):
                 yield bytes([mode]) + path.read_bytes()
     elif driver == "boundaries":
         for kind, name in enumerate(SHIFTED):
-            for i, data in enumerate(inputs(name)):
+            for i, data in enumerate(dict.fromkeys(inputs(name))):
                 if len(data) <= LONGEST_SHIFTED and data[0] in SHIFTED_MODES:
                     yield bytes([i // 4 * 53 % 256, data[0] + 8 * kind]) + data[1:]
     elif driver == "gpkg":
