@@ -54,12 +54,10 @@ class Shift {
         for (WorkerProcess& worker : workers_)
             threads.emplace_back([this, &worker] { serve(worker); });
         std::unique_lock lock(mutex_);
-        bool told = false;
         while (busy_ > 0) {
             done_.wait_for(lock, kTick);
             teller_.tick();
-            if (interruption() == 0 || told) continue;
-            told = true;
+            if (interruption() == 0) continue;
             for (const WorkerProcess& worker : workers_) worker.interrupt();
         }
         lock.unlock();

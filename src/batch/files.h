@@ -68,8 +68,6 @@ std::optional<std::string> readWholeFile(const std::string& path, std::size_t mo
 
 /// Opens a file to read it, exactly as it is named; vantelgis::platform reads and closes it.
 vantelgis::platform::FileHandle openInput(const std::string& path);
-/// The name as the converter and its readers have to be given it.
-std::string readerName(const std::string& path);
 /// Makes an empty file, or empties one, open for this program to read and for others to append to;
 /// vantelgis::platform closes it.
 vantelgis::platform::FileHandle openConsoleFile(const std::string& path);
@@ -83,6 +81,8 @@ std::int64_t freeSpace(const std::string& folder);
 /// Empty when the folder isn't there.
 std::string absoluteName(const std::string& path);
 bool changeFolder(const std::string& folder);
+/// Leaves a folder that is to be removed.
+void leaveFolder();
 /// The absolute form of a name that need not be there.
 std::string fullName(const std::string& path);
 /// May a file be made in the folder?
@@ -114,6 +114,7 @@ std::string lastFailure();
 
 /// Path texts. A separator is "/", on Windows "\" as well.
 bool isPathSeparator(char c);
+char pathSeparator();
 /// Whether the file system takes names that differ in case for the same.
 bool namesIgnoreCase();
 /// `name` in `folder`; `name` alone if the folder is empty.

@@ -14,7 +14,7 @@ std::size_t nameStart(std::string_view path) {
 
 std::string inFolder(std::string_view folder, std::string_view name) {
     std::string path(folder);
-    if (!path.empty() && !isPathSeparator(path.back())) path += '/';
+    if (!path.empty() && !isPathSeparator(path.back())) path += pathSeparator();
     return path.append(name);
 }
 

@@ -151,10 +151,6 @@ FileHandle openInput(const std::string& path) {
     return open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);  // no pipe may hold it up
 }
 
-std::string readerName(const std::string& path) {
-    return path;
-}
-
 FileHandle openConsoleFile(const std::string& path) {
     return open(path.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, kFileMode);
 }
@@ -183,6 +179,8 @@ std::string absoluteName(const std::string& path) {
 bool changeFolder(const std::string& folder) {
     return chdir(folder.c_str()) == 0;
 }
+
+void leaveFolder() {}  // nobody minds
 
 bool isWritable(const std::string& folder) {
     return access(folder.c_str(), W_OK | X_OK) == 0;
@@ -226,6 +224,10 @@ std::string lastFailure() {
 
 bool isPathSeparator(char c) {
     return c == '/';
+}
+
+char pathSeparator() {
+    return '/';
 }
 
 bool namesIgnoreCase() {

@@ -24,10 +24,9 @@ struct End {
 // Every object of a layer, as far as the reader gets.
 template <typename Take>
 void eachObject(const std::string& file, ObjectKind wanted, Take take) {
-    changeFolder(folderPart(file));
     static_cast<void>(guarded([&] {
         static ObjectNodes nodes(kMaxNodes3d);
-        int layer = gisOpenLayer(readerArgument(namePart(file)));
+        int layer = gisOpenLayer(enterFolderOf(file));
         gisReadHeader(layer);
         GisObject object;
         while (!gisAtEnd(layer) && pulse()) {

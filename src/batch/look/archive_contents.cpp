@@ -90,7 +90,7 @@ bool goesOn(ArchiveLook& all) {
 }
 
 void readArchive(ArchiveLook& all, bool wantHip) {
-    d12OpenArchive(all.archive, readerArgument(namePart(all.plan.input)));
+    d12OpenArchive(all.archive, enterFolderOf(all.plan.input));
     if (!d12BeginData(all.archive)) {
         all.look.find(Find::wouldStop,
                       {"0", "WARNING - Problems finding start of data in .12da file"});
@@ -162,7 +162,6 @@ void lookAtArchive(const RunPlan& plan, const LookWish& wish, Look& look) {
     const std::string_view mark = file.bytesAt(0, 2);
     const bool utf16 = mark == "\xFE\xFF" || mark == "\xFF\xFE";
     if (!utf16 && !hasModelLine(file, all.sampled)) return look.find(Find::noModel);
-    changeFolder(plan.folder);
     const auto& options = plan.arguments;
     const bool wantHip = std::any_of(options.begin(), options.end(), [](const std::string& option) {
         return option.size() > 3 && beginsWith(std::string_view(option).substr(1), "hip");

@@ -23,9 +23,10 @@ class Drawing {
     /// Adds a line, or a point when there is one node.
     void add(Shown shown, std::span<const double> x, std::span<const double> y);
 
-    /// The drawing as a text: a line with the west and north end of a square, its side, and how much
-    /// of its height is used; then for each kind that is there its number, a colon and path data of
-    /// SVG in that square, which is 1000 wide, with y downward. Of about `most` bytes at the most; empty when there is nothing.
+    /// The drawing as a text: a line with the west and north end of a square, its side, and how
+    /// much of its height is used; then for each kind that is there its number, a colon and path
+    /// data of SVG in that square, which is 1000 wide, with y downward. Of about `most` bytes at
+    /// the most; empty when there is nothing.
     [[nodiscard]] std::string text(std::size_t most) const;
 
   private:

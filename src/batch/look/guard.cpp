@@ -77,9 +77,10 @@ ReaderStop guarded(const std::function<void()>& body) {
     return result;
 }
 
-std::string readerArgument(std::string_view name) {
-    const std::string text = readerName(std::string(name));
-    return text.starts_with(' ') ? "./" + text : text;
+std::string enterFolderOf(const std::string& file) {
+    if (!changeFolder(folderPart(file))) return file;
+    const std::string name(namePart(file));
+    return name.starts_with(' ') ? "./" + name : name;
 }
 
 }  // namespace vantelgis::batch

@@ -15,7 +15,8 @@ struct ReaderStop {
 /// answers it.
 ReaderStop guarded(const std::function<void()>& body);
 
-/// The name under which a reader finds a file of the current folder, whatever it begins with.
-std::string readerArgument(std::string_view name);
+/// Goes to the folder of a file and gives the name by which a reader finds it there, as the
+/// converter does in the folder of a run.
+std::string enterFolderOf(const std::string& file);
 
 }  // namespace vantelgis::batch

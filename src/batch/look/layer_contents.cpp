@@ -109,7 +109,7 @@ bool goesOn(const LayersLook& all, LayerWalk& walk) {
 }
 
 void walkLayer(LayersLook& all, LayerWalk& walk) {
-    int layer = gisOpenLayer(readerArgument(namePart(walk.file)));
+    int layer = gisOpenLayer(enterFolderOf(walk.file));
     gisReadHeader(layer);
     if (all.plan.conversion == Conversion::results) lookAtColumns(layer, all, walk);
     ObjectNodes& nodes = sharedNodes(walk.limit);
@@ -136,7 +136,7 @@ void walkLayer(LayersLook& all, LayerWalk& walk) {
 // The objects that are passed over, for the drawing alone: whatever stops here stops no run.
 void drawPassedOver(LayersLook& all, const LayerWalk& walk) {
     static_cast<void>(guarded([&] {
-        int layer = gisOpenLayer(readerArgument(namePart(walk.file)));
+        int layer = gisOpenLayer(enterFolderOf(walk.file));
         gisReadHeader(layer);
         ObjectNodes& nodes = sharedNodes(kMaxNodes3d);
         GisObject object;
@@ -183,7 +183,6 @@ void tellPassedOver(const LayersLook& all, const LayerWalk& walk) {
 void runWalk(LayersLook& all, LayerWalk& walk) {
     walk.sampled = !all.wish.full && sizeWithSisters(walk.file) > kWholeSize;
     all.attributes.wish(walk.attribute);
-    changeFolder(folderPart(walk.file));
     const ReaderStop stop = guarded([&] { walkLayer(all, walk); });
     walk.stopped = stop.stopped;
     all.look.expected.objects += walk.objects;

@@ -28,7 +28,7 @@ void findResults(const Scratch& scratch, const Look& look, const std::string& fo
     std::vector<FolderEntry> entries;
     listFolder(inFolder(scratch.runFolder(), folder), entries);
     for (const FolderEntry& entry : entries) {
-        const std::string name = inFolder(folder, entry.name);
+        const std::string name = folder.empty() ? entry.name : folder + "/" + entry.name;
         if (entry.isFolder) {
             findResults(scratch, look, name, results);
         } else if (!isOfTheInput(look, name)) {
@@ -70,11 +70,9 @@ RunOutcome runConverter(const Options& options, const RunPlan& plan, const Look&
         outcome.failure = "The folder of the run can't be made ready: " + lastFailure();
         return outcome;
     }
-    std::vector<std::string> arguments;
-    for (const std::string& argument : plan.arguments) arguments.push_back(readerName(argument));
     const Clock::time_point start = Clock::now();
-    outcome.end =
-        runProgramToItsEnd(options.program, arguments, scratch.console(), options.timeout, tick);
+    outcome.end = runProgramToItsEnd(options.program, plan.arguments, scratch.console(),
+                                     options.timeout, tick);
     outcome.seconds = std::chrono::duration<double>(Clock::now() - start).count();
     if (!outcome.end.started) outcome.failure = "The converter can't be started: " + lastFailure();
     findResults(scratch, look, "", outcome.results);

@@ -109,7 +109,7 @@ void Scratch::abandon() {
 
 void Scratch::close() {
     if (folder_.empty()) return;
-    changeFolder(target_);  // nobody can remove the folder he is in, on Windows
+    leaveFolder();
     if (console_ != vantelgis::platform::kNoFile)
         static_cast<void>(vantelgis::platform::closeFile(console_));
     console_ = vantelgis::platform::kNoFile;

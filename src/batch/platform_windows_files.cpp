@@ -1,0 +1,273 @@
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+
+#include <algorithm>
+
+#include "batch/files.h"
+#include "run/platform_windows_names.h"
+
+namespace vantelgis::batch {
+
+namespace {
+
+using vantelgis::platform::FileHandle;
+using vantelgis::platform::kNoFile;
+using vantelgis::platform::systemName;
+using vantelgis::platform::wideText;
+
+constexpr DWORD kAllShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr std::int64_t kTicksTo1970 = 116444736000000000;  // of 100 nanoseconds, from 1601
+
+std::string utf8(const std::wstring& wide) {
+    const int size = static_cast<int>(wide.size());
+    std::string text(wide.size() * 4, '\0');
+    text.resize(static_cast<std::size_t>(
+        WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, text.data(),
+                            static_cast<int>(text.size()), nullptr, nullptr)));
+    return text;
+}
+
+HANDLE handleOf(FileHandle file) {
+    return reinterpret_cast<HANDLE>(file);
+}
+
+FileHandle openAs(const std::string& path, DWORD rights, DWORD shared, DWORD disposition,
+                  DWORD flags) {
+    const HANDLE file =
+        CreateFileW(systemName(path).c_str(), rights, shared, nullptr, disposition, flags, nullptr);
+    return reinterpret_cast<FileHandle>(file);
+}
+
+void closeHandle(FileHandle file) {
+    if (file != kNoFile) CloseHandle(handleOf(file));
+}
+
+std::int64_t joined(DWORD high, DWORD low) {
+    return static_cast<std::int64_t>(std::uint64_t{high} << 32 | low);
+}
+
+// The name of an open file or folder in full, without the mark of long names.
+std::string finalName(FileHandle file) {
+    std::wstring name(GetFinalPathNameByHandleW(handleOf(file), nullptr, 0, FILE_NAME_NORMALIZED),
+                      L'\0');
+    name.resize(GetFinalPathNameByHandleW(handleOf(file), name.data(),
+                                          static_cast<DWORD>(name.size()), FILE_NAME_NORMALIZED));
+    if (name.starts_with(LR"(\\?\UNC\)")) name.replace(0, 8, LR"(\\)");
+    if (name.starts_with(LR"(\\?\)")) name.erase(0, 4);
+    return utf8(name);
+}
+
+// The longest name that a folder may have which somebody works in.
+constexpr std::size_t kLongestCurrent = MAX_PATH - 2;
+
+}  // namespace
+
+FileStatus statusOf(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    FileStatus status;
+    if (!GetFileAttributesExW(systemName(path).c_str(), GetFileExInfoStandard, &data))
+        return status;
+    const bool folder = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    status.kind = folder ? FileStatus::Kind::folder : FileStatus::Kind::file;
+    status.size = joined(data.nFileSizeHigh, data.nFileSizeLow);
+    const FILETIME& time = data.ftLastWriteTime;
+    status.changed = (joined(time.dwHighDateTime, time.dwLowDateTime) - kTicksTo1970) * 100;
+    return status;
+}
+
+std::string behindLinks(const std::string& path) {
+    const DWORD attributes = GetFileAttributesW(systemName(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+        return path;
+    const FileHandle file = openAs(path, 0, kAllShared, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
+    if (file == kNoFile) return path;
+    const std::string name = finalName(file);
+    closeHandle(file);
+    return name;
+}
+
+bool listFolder(const std::string& folder, std::vector<FolderEntry>& entries) {
+    entries.clear();
+    WIN32_FIND_DATAW found;
+    const HANDLE search = FindFirstFileW(systemName(inFolder(folder, "*")).c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return false;
+    do {
+        const std::string name = utf8(found.cFileName);
+        if (name == "." || name == "..") continue;
+        const DWORD attributes = found.dwFileAttributes;
+        const bool link = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+        entries.push_back({name, !link && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0, link});
+    } while (FindNextFileW(search, &found));
+    FindClose(search);
+    std::sort(entries.begin(), entries.end(),
+              [](const FolderEntry& a, const FolderEntry& b) { return a.name < b.name; });
+    return true;
+}
+
+bool makeFolder(const std::string& path) {
+    if (CreateDirectoryW(systemName(path).c_str(), nullptr)) return true;
+    return GetLastError() == ERROR_ALREADY_EXISTS && statusOf(path).isFolder();
+}
+
+bool removeFile(const std::string& path) {
+    return DeleteFileW(systemName(path).c_str()) != 0;
+}
+
+bool removeEmptyFolder(const std::string& path) {
+    return RemoveDirectoryW(systemName(path).c_str()) != 0;
+}
+
+bool renameFile(const std::string& from, const std::string& to) {
+    return MoveFileExW(systemName(from).c_str(), systemName(to).c_str(),
+                       MOVEFILE_REPLACE_EXISTING) != 0;
+}
+
+bool linkSecondName(const std::string& file, const std::string& name) {
+    return CreateHardLinkW(systemName(name).c_str(), systemName(file).c_str(), nullptr) != 0;
+}
+
+bool linkForReading(const std::string& file, const std::string& name) {
+    return linkSecondName(file, name) ||
+           CopyFileW(systemName(file).c_str(), systemName(name).c_str(), TRUE) != 0;
+}
+
+bool copyPermissions(const std::string& /*model*/, const std::string& /*file*/) {
+    return true;  // a file has those of its folder
+}
+
+bool syncFile(const std::string& path) {
+    const FileHandle file =
+        openAs(path, GENERIC_WRITE, kAllShared, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
+    if (file == kNoFile) return false;
+    const bool flushed = FlushFileBuffers(handleOf(file)) != 0;
+    closeHandle(file);
+    return flushed;
+}
+
+bool syncFolder(const std::string& /*path*/) {
+    return true;  // the file system keeps a journal of its own
+}
+
+bool writeWholeFile(const std::string& path, std::string_view bytes) {
+    const FileHandle file =
+        openAs(path, GENERIC_WRITE, FILE_SHARE_READ, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL);
+    if (file == kNoFile) return false;
+    const bool written = vantelgis::platform::writeFile(file, bytes.data(), bytes.size());
+    return CloseHandle(handleOf(file)) != 0 && written;
+}
+
+FileHandle openInput(const std::string& path) {
+    return openAs(path, GENERIC_READ, kAllShared, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
+}
+
+FileHandle openConsoleFile(const std::string& path) {
+    return openAs(path, GENERIC_READ | GENERIC_WRITE, kAllShared, CREATE_ALWAYS,
+                  FILE_ATTRIBUTE_NORMAL);
+}
+
+FileHandle openNamelessFile() {
+    wchar_t folder[MAX_PATH + 1];
+    wchar_t name[MAX_PATH + 1];
+    if (GetTempPathW(MAX_PATH, folder) == 0 || GetTempFileNameW(folder, L"vgb", 0, name) == 0)
+        return kNoFile;
+    return reinterpret_cast<FileHandle>(
+        CreateFileW(name, GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                    FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+}
+
+std::int64_t freeSpace(const std::string& folder) {
+    ULARGE_INTEGER bytes;
+    if (!GetDiskFreeSpaceExW(systemName(folder).c_str(), &bytes, nullptr, nullptr)) return -1;
+    return static_cast<std::int64_t>(bytes.QuadPart);
+}
+
+std::string absoluteName(const std::string& path) {
+    const std::string_view name = namePart(path);
+    const bool isFolder = name.empty() || name == "." || name == "..";
+    const std::string folder = isFolder ? path : folderPart(path);
+    const FileHandle opened =
+        openAs(folder, 0, kAllShared, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+    if (opened == kNoFile) return {};
+    const std::string full = finalName(opened);
+    closeHandle(opened);
+    return isFolder ? full : inFolder(full, name);
+}
+
+bool changeFolder(const std::string& folder) {
+    std::wstring name = wideText(folder);
+    if (name.size() > kLongestCurrent) {
+        std::wstring shortName(GetShortPathNameW(systemName(folder).c_str(), nullptr, 0), L'\0');
+        shortName.resize(GetShortPathNameW(systemName(folder).c_str(), shortName.data(),
+                                           static_cast<DWORD>(shortName.size())));
+        if (shortName.starts_with(LR"(\\?\)")) shortName.erase(0, 4);
+        name = shortName;
+    }
+    return !name.empty() && SetCurrentDirectoryW(name.c_str()) != 0;
+}
+
+void leaveFolder() {
+    wchar_t folder[MAX_PATH + 1];
+    if (GetTempPathW(MAX_PATH, folder) != 0) SetCurrentDirectoryW(folder);
+}
+
+bool isWritable(const std::string& folder) {
+    const DWORD attributes = GetFileAttributesW(systemName(folder).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES;
+}
+
+bool LockFile::create(const std::string& path, std::string_view text) {
+    file_ = openAs(path, GENERIC_READ | GENERIC_WRITE | DELETE, FILE_SHARE_READ, CREATE_NEW,
+                   FILE_ATTRIBUTE_NORMAL);
+    path_ = path;
+    return file_ != kNoFile && vantelgis::platform::writeFile(file_, text.data(), text.size());
+}
+
+bool LockFile::take(const std::string& path) {
+    file_ = openAs(path, GENERIC_READ | GENERIC_WRITE | DELETE, FILE_SHARE_READ, OPEN_EXISTING,
+                   FILE_ATTRIBUTE_NORMAL);
+    path_ = path;
+    return file_ != kNoFile;
+}
+
+void LockFile::removeAndRelease() {
+    release();
+    removeFile(path_);
+}
+
+void LockFile::release() {
+    closeHandle(file_);
+    file_ = kNoFile;
+}
+
+std::string lastFailure() {
+    const DWORD error = GetLastError();
+    wchar_t text[512];
+    const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+                                        nullptr, error, 0, text, 512, nullptr);
+    std::string words = utf8(std::wstring(text, length));
+    while (!words.empty() && (words.back() == '\n' || words.back() == '\r' || words.back() == '.'))
+        words.pop_back();
+    return words.empty() ? "error " + std::to_string(error) : words;
+}
+
+bool isPathSeparator(char c) {
+    return c == '\\' || c == '/';
+}
+
+char pathSeparator() {
+    return '\\';
+}
+
+bool namesIgnoreCase() {
+    return true;
+}
+
+std::string nameKey(std::string_view name) {
+    std::wstring wide = wideText(name);
+    CharLowerBuffW(wide.data(), static_cast<DWORD>(wide.size()));
+    std::string key = utf8(wide);
+    std::replace(key.begin(), key.end(), '\\', '/');
+    return key;
+}
+
+}  // namespace vantelgis::batch
