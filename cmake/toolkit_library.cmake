@@ -7,7 +7,7 @@ set(foundation_sources ${vantelgis_sources})
 list(FILTER foundation_sources INCLUDE REGEX "/(text|run)/[^/]*\\.cpp$")
 
 add_library(vantelgis_toolkit SHARED
-  $<TARGET_OBJECTS:vantelgis_routines> ${foundation_sources})
+  $<TARGET_OBJECTS:vantelgis_routines> toolkit/host_process.cpp ${foundation_sources})
 add_library(vantelgis::toolkit ALIAS vantelgis_toolkit)
 target_include_directories(vantelgis_toolkit PUBLIC
   $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>

@@ -14,19 +14,29 @@ constexpr std::size_t kOutputSize = 32768;
 constexpr std::size_t kInputSize = 4096;
 
 struct Console {
-    char output[kOutputSize];
+    char output[kOutputSize] = {};
     std::size_t outputLength = 0;
-    char input[kInputSize];
+    char input[kInputSize] = {};
     std::size_t inputBegin = 0;
     std::size_t inputEnd = 0;
     void (*sink)(std::string_view) = nullptr;
+    const HostStreams* host = nullptr;
     bool unattended = false;
 };
-Console console;
+constinit Console console;  // there before any part of a host prints
+
+void handOver() {
+    const std::size_t length = std::exchange(console.outputLength, 0);
+    if (length == 0) return;
+    const std::string_view text{console.output, length};
+    if (console.sink != nullptr) return console.sink(text);
+    if (console.host != nullptr) return console.host->write(text);
+    platform::writeStandardOutput(text.data(), text.size());
+}
 
 void buffer(std::string_view text) {
     while (!text.empty()) {
-        if (console.outputLength == kOutputSize) consoleFlush();
+        if (console.outputLength == kOutputSize) handOver();
         const std::size_t n = std::min(text.size(), kOutputSize - console.outputLength);
         std::memcpy(console.output + console.outputLength, text.data(), n);
         console.outputLength += n;
@@ -39,7 +49,9 @@ bool nextInput(char& c) {
     if (console.unattended) return false;
     if (console.inputBegin == console.inputEnd) {
         console.inputBegin = 0;
-        console.inputEnd = platform::readStandardInput(console.input, kInputSize);
+        console.inputEnd = console.host != nullptr
+                               ? console.host->read(console.input, kInputSize)
+                               : platform::readStandardInput(console.input, kInputSize);
         if (console.inputEnd == 0) return false;
     }
     c = console.input[console.inputBegin++];
@@ -50,20 +62,19 @@ bool nextInput(char& c) {
 
 void consolePut(std::string_view text) {
     static const bool terminal = platform::standardOutputIsTerminal();
+    const bool passedOn = console.sink != nullptr || console.host != nullptr;
     for (std::size_t end; (end = text.find('\n')) != std::string_view::npos;
          text.remove_prefix(end + 1)) {
         buffer(text.substr(0, end));
-        buffer(console.sink != nullptr ? "\n" : platform::consoleLineEnd());
+        buffer(passedOn ? "\n" : platform::consoleLineEnd());
     }
     buffer(text);
-    if (terminal || console.sink != nullptr) consoleFlush();
+    if (terminal || passedOn) handOver();
 }
 
 void consoleFlush() {
-    const std::size_t length = std::exchange(console.outputLength, 0);
-    if (length == 0) return;
-    if (console.sink != nullptr) return console.sink({console.output, length});
-    platform::writeStandardOutput(console.output, length);
+    handOver();
+    if (console.host != nullptr) console.host->flush();
 }
 
 bool consoleReadLine(TextRef line) {
@@ -101,6 +112,11 @@ void consoleReset() {
 void setConsoleSink(void (*sink)(std::string_view)) {
     consoleFlush();
     console.sink = sink;
+}
+
+void setHostStreams(const HostStreams* streams) {
+    consoleFlush();
+    console.host = streams;
 }
 
 void setConsoleUnattended(bool unattended) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -50,6 +51,17 @@ void consoleReset();
 /// with LF as line end, in place of standard output; null leads it there again. What was written
 /// before goes where it was meant to go.
 void setConsoleSink(void (*sink)(std::string_view));
+
+/// The standard streams of a program in whose process this one is a guest.
+struct HostStreams {
+    void (*write)(std::string_view text);              ///< LF as line end
+    void (*flush)();                                   ///< hands over what was written
+    std::size_t (*read)(char* out, std::size_t size);  ///< at most one line; 0 at the end
+};
+
+/// Has the console be those streams from now on, so that its text stands in order with the host's
+/// and no line is read that the host is to read; null: the system's. `streams` must stay.
+void setHostStreams(const HostStreams* streams);
 
 /// Has standard input count as ended, for a host whose own input it is: nobody can answer.
 void setConsoleUnattended(bool unattended);

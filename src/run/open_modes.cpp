@@ -1,5 +1,7 @@
 #include "run/open_modes.h"
 
+#include "text/text.h"
+
 namespace vantelgis {
 
 namespace {
@@ -33,7 +35,7 @@ constexpr OpenMode kModes[] = {
 
 const OpenMode* findOpenMode(std::string_view code) {
     for (const OpenMode& mode : kModes)
-        if (mode.code == code) return &mode;
+        if (withoutTrailingBlanks(mode.code) == withoutTrailingBlanks(code)) return &mode;
     return nullptr;
 }
 

@@ -24,7 +24,7 @@ enum class Manner {
 
 /// One of the fifteen open modes.
 struct OpenMode {
-    std::string_view code;      ///< two characters, compared exactly
+    std::string_view code;      ///< two characters
     bool input;                 ///< the direction decides how a failure is handled
     platform::Access access;    ///< what happens to an existing file
     platform::Sharing sharing;  ///< whether others may write to it meanwhile
@@ -32,7 +32,7 @@ struct OpenMode {
     Manner manner = Manner::usual;
 };
 
-/// The mode of that code, null for an unknown one.
+/// The mode of that code, whose trailing blank may lack; null for an unknown one.
 const OpenMode* findOpenMode(std::string_view code);
 
 }  // namespace vantelgis

@@ -90,12 +90,14 @@ Next attempt(Opening& opening) {
 }
 
 bool openedByPlatform(const Opening& opening) {
-    Unit* const unit = findUnit(opening.unit);
-    if (unit == nullptr) return false;
-    // A host's own number may still have a file, which is complete before the next one takes over.
+    // A number that the host chose may still have a file, which is complete before the next one
+    // takes over.
     const Path before = unitName(opening.unit);
-    if (!closeFileOf(*unit)) stopWritingFile(before);
-    return openOnSystem(*unit, opening.name.view(), *opening.mode);
+    Unit& unit = addUnit(opening.unit);
+    if (!closeFileOf(unit)) stopWritingFile(before);
+    if (!openOnSystem(unit, opening.name.view(), *opening.mode)) return false;
+    unit.used = true;
+    return true;
 }
 
 void openInput(const Opening& opening) {
@@ -143,6 +145,7 @@ void openUnit(int& unit, std::string_view mode, std::string_view name) {
 }
 
 void openOnUnit(int& unit, TextRef name, std::string_view mode, std::string_view label) {
+    if (unit < 1) stopOpeningFile(name.view());
     Opening opening{unit, name, mode, findOpenMode(mode)};
     Next next;
     while ((next = attempt(opening)) == Next::askForName) {

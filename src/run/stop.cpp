@@ -12,11 +12,16 @@ namespace vantelgis {
 namespace {
 
 void (*endHandler)() = nullptr;
+void (*endProcess)() = nullptr;
 
 }  // namespace
 
 void setEndHandler(void (*handler)()) {
     endHandler = handler;
+}
+
+void setProcessEnd(void (*end)()) {
+    endProcess = end;
 }
 
 void stopRun() {
@@ -37,6 +42,7 @@ void endRun() {
     closeAllUnits();
     consoleFlush();
     if (endHandler != nullptr) endHandler();
+    if (endProcess != nullptr) endProcess();
     platform::exitProcess();
 }
 

@@ -17,6 +17,10 @@ namespace vantelgis {
 /// one that returns lets the process end. Null, as at the start: the process just ends.
 void setEndHandler(void (*handler)());
 
+/// Has `end` end the process from now on, for a host whose own files and buffers need the ordinary
+/// end; it must not return.
+void setProcessEnd(void (*end)());
+
 /// The orderly stop: closes all file units without a line on the console, then an empty line, the
 /// prompt "Press Enter to Close", and the end. For a host with message boxes, a box in their place.
 [[noreturn]] void stopRun();

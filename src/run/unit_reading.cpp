@@ -4,14 +4,24 @@
 #include <cstring>
 
 #include "run/stop.h"
+#include "run/unit_writing.h"
 
 namespace vantelgis {
 
 namespace {
 
+// Goes on where writing has come to. The system refuses to read a file that is output alone.
+void turnToReading(OpenFile& file) {
+    static_cast<void>(flushFile(file));
+    file.lineStart = file.bufferStart;
+    file.holdsInput = true;
+    file.ended = false;
+}
+
 OpenFile& readableFile(int unit) {
     OpenFile& file = fileOf(unit);
     if (file.handle == platform::kNoFile) stopReadingData();
+    if (!file.holdsInput) turnToReading(file);
     return file;
 }
 

@@ -6,19 +6,33 @@
 
 namespace vantelgis {
 
+namespace {
+
+// Goes on where reading has come to. A file that was opened for input takes nothing.
+void turnToWriting(OpenFile& file) {
+    file.bufferStart += static_cast<std::int64_t>(file.begin);
+    file.begin = file.end = 0;
+    file.failed = file.mode->input || !platform::seekFile(file.handle, file.bufferStart);
+    file.holdsInput = false;
+}
+
+}  // namespace
+
 bool flushFile(OpenFile& file) {
-    if (file.mode->input) return true;
+    if (file.holdsInput) return true;
     if (file.handle == platform::kNoFile) file.failed = true;
     if (file.end > 0 && !file.failed)
         file.failed = !platform::writeFile(file.handle, file.buffer, file.end);
+    file.bufferStart += static_cast<std::int64_t>(file.end);
     file.end = 0;
     return !file.failed;
 }
 
 OpenFile& makeRoom(int unit, std::size_t size) {
     OpenFile& file = fileOf(unit);
+    if (file.holdsInput) turnToWriting(file);
     if (kBufferSize - file.end < size || file.end >= file.blockSize ||
-        file.handle == platform::kNoFile) {
+        file.handle == platform::kNoFile || file.failed) {
         if (!flushFile(file) && !file.ownerReports) stopWritingFile(file.name);
     }
     return file;
@@ -78,6 +92,7 @@ bool emptyUnit(int unit) {
     if (!flushUnit(unit)) return false;
     OpenFile& file = fileOf(unit);
     file.failed = !platform::emptyFile(file.handle);
+    file.bufferStart = 0;
     return !file.failed;
 }
 

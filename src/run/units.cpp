@@ -1,6 +1,7 @@
 #include "run/units.h"
 
 #include <algorithm>
+#include <deque>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -20,9 +21,31 @@ constexpr int kLowestBase = 9;
 struct UnitTable {
     int base = kLowestBase;
     Unit units[kUnitCount];
+    std::deque<Unit> ownUnits;  // under numbers of a host's that the table has none of
     std::vector<std::unique_ptr<OpenFile>> spares;  // closed files whose buffers are used again
+
+    UnitTable() { number(kLowestBase); }
+    ~UnitTable();  // what a host leaves open at its end is written out
+    UnitTable(const UnitTable&) = delete;
+    UnitTable& operator=(const UnitTable&) = delete;
+
+    void number(int from) {
+        base = from;
+        for (int k = 0; k < kUnitCount; ++k) units[k].number = from + k + 1;
+        spares.reserve(kUnitCount);  // so that closing a file needs no memory
+    }
+    template <typename Action>
+    void forEach(Action action) {
+        for (Unit& unit : units) action(unit);
+        for (Unit& unit : ownUnits) action(unit);
+    }
 };
 UnitTable table;
+
+UnitTable::~UnitTable() {
+    closeAllUnits();
+    consoleFlush();
+}
 
 std::unique_ptr<OpenFile> newOpenFile() {
     if (table.spares.empty()) return std::make_unique_for_overwrite<OpenFile>();
@@ -38,15 +61,13 @@ OpenerSettings openerSettings;
 void initialiseUnits(int base) {
     openerSettings = {};
     forgetInputs();
-    table.base = std::clamp(base, kLowestBase, std::numeric_limits<int>::max() - kUnitCount);
     table.spares.clear();
-    table.spares.reserve(kUnitCount);  // so that closing a file needs no memory
-    for (int k = 0; k < kUnitCount; ++k) {
-        Unit& unit = table.units[k];
+    table.forEach([](Unit& unit) {
         static_cast<void>(closeFileOf(unit));
-        unit.number = table.base + k + 1;
         unit.used = false;
-    }
+    });
+    table.ownUnits.clear();
+    table.number(std::clamp(base, kLowestBase, std::numeric_limits<int>::max() - kUnitCount));
 }
 
 Unit* freeUnit() {
@@ -57,7 +78,21 @@ Unit* freeUnit() {
 
 Unit* findUnit(int unit) {
     const std::int64_t slot = std::int64_t{unit} - table.base - 1;
-    return slot >= 0 && slot < kUnitCount ? &table.units[slot] : nullptr;
+    if (slot >= 0 && slot < kUnitCount) return &table.units[slot];
+    for (Unit& own : table.ownUnits)
+        if (own.number == unit) return &own;
+    return nullptr;
+}
+
+Unit& addUnit(int unit) {
+    if (Unit* const found = findUnit(unit)) return *found;
+    table.ownUnits.push_back({unit, false, nullptr});
+    return table.ownUnits.back();
+}
+
+bool isOpen(int unit) {
+    const Unit* const slot = findUnit(unit);
+    return slot != nullptr && slot->file && slot->file->handle != platform::kNoFile;
 }
 
 OpenFile& fileOf(int unit) {
@@ -67,10 +102,12 @@ OpenFile& fileOf(int unit) {
 }
 
 int unitOf(const platform::FileIdentity& identity) {
-    for (const Unit& unit : table.units)
-        if (unit.file && unit.file->handle != platform::kNoFile && unit.file->identity == identity)
-            return unit.number;
-    return 0;
+    int found = 0;
+    table.forEach([&](const Unit& unit) {
+        if (found == 0 && isOpen(unit.number) && unit.file->identity == identity)
+            found = unit.number;
+    });
+    return found;
 }
 
 bool openOnSystem(Unit& unit, std::string_view name, const OpenMode& mode) {
@@ -95,6 +132,7 @@ void attachFile(Unit& unit, platform::FileHandle handle, const OpenMode& mode,
     file.handle = handle;
     file.lock = platform::kNoFile;
     file.mode = &mode;
+    file.holdsInput = mode.input;
     if (!platform::identify(handle, file.identity)) file.identity = {};
     file.name = name;
     file.begin = file.end = 0;
@@ -127,14 +165,14 @@ bool closeUnderOwner(Unit& unit) {
 }
 
 void closeAllUnits() {
-    for (Unit& unit : table.units) {
+    table.forEach([](Unit& unit) {
         if (unit.file) {
             const bool reported = unit.file->failed;  // by its owner
             if (!closeFileOf(unit) && !reported)
                 consoleLine("\nERROR - Writing file ", table.spares.back()->name);
         }
         unit.used = false;
-    }
+    });
 }
 
 std::string_view unitName(int unit) {

@@ -26,9 +26,10 @@ struct OpenFile {
     Path name;  ///< as it was opened
     std::size_t begin = 0;
     std::size_t end = 0;
-    std::int64_t bufferStart = 0;  ///< reading: file position (from 0) of the buffer's first byte
+    std::int64_t bufferStart = 0;  ///< file position (from 0) of the buffer's first byte
     std::int64_t lineStart = 0;    ///< reading: file position of the line read last
     std::int64_t lineNumber = 0;   ///< reading: lines read, so the number (from 1) of the last one
+    bool holdsInput = false;       ///< the buffer's bytes were read; else they are to be written
     bool ended = false;            ///< reading: nothing comes behind the buffer's bytes
     bool failed = false;           ///< the system refused a read, a write or a change of position
     bool failureGiven = false;     ///< reading: the caller has got the failure as a result
@@ -39,8 +40,7 @@ struct OpenFile {
 };
 
 /// A unit: the number that stands for a file. A unit in use may have none (its opening failed or
-/// was of an unknown mode), and a host may have one on a unit that is not in use, under its own
-/// number.
+/// was of an unknown mode).
 struct Unit {
     int number = 0;
     bool used = false;
@@ -48,15 +48,21 @@ struct Unit {
 };
 
 /// Starts the file units: all are free, numbered from the larger of 9 and `base`, plus 1, and the
-/// opener's settings have their start values. Closes what an earlier run left open. Call it first
-/// of all.
+/// opener's settings have their start values. Closes what an earlier run left open. Without this
+/// call the first unit is 10.
 void initialiseUnits(int base);
 
 /// The lowest unit not in use, null if all are.
 Unit* freeUnit();
 
-/// The unit of that number, null if the table has none.
+/// The unit of that number, null if neither the table nor addUnit has one.
 Unit* findUnit(int unit);
+
+/// The unit of that number, which may be a host's own, above 0, that the table has none of.
+Unit& addUnit(int unit);
+
+/// The unit has a file that can be read or written.
+[[nodiscard]] bool isOpen(int unit);
 
 /// The file of a unit; a unit without one stops the run with stopReadingData. It may have been
 /// closed under its owner: its handle is then kNoFile.

@@ -32,9 +32,16 @@ constexpr bool beginsDigits(char c, bool hexadecimal) {
     return isDigit(c) || c == '.' || (hexadecimal && toLower(c) >= 'a' && toLower(c) <= 'f');
 }
 
+// `number` with its exponent letter D as an e; a view that is valid until the next call.
+std::string_view withExponentE(std::string_view number, std::size_t letter) {
+    thread_local std::string work;  // keeps its room from call to call
+    work = number;
+    work[letter] = 'e';
+    return work;
+}
+
 template <typename Real>
 bool convertReal(std::string_view item, Real& target) {
-    static std::string work;  // keeps its room from call to call
     const bool negative = item.front() == '-';
     std::string_view digits = item;
     if (negative || item.front() == '+') digits.remove_prefix(1);
@@ -43,11 +50,8 @@ bool convertReal(std::string_view item, Real& target) {
     // from_chars would take a second sign and the words inf and nan.
     if (digits.empty() || !beginsDigits(digits.front(), hexadecimal)) return false;
 
-    if (!hexadecimal && digits.find_first_of("dD") != std::string_view::npos) {
-        work = digits;
-        work[work.find_first_of("dD")] = 'e';
-        digits = work;
-    }
+    const std::size_t letter = hexadecimal ? std::string_view::npos : digits.find_first_of("dD");
+    if (letter != std::string_view::npos) digits = withExponentE(digits, letter);
     Real value;
     const auto form = hexadecimal ? std::chars_format::hex : std::chars_format::general;
     const auto [end, error] =

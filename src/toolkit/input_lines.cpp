@@ -24,7 +24,7 @@ namespace {
 
 bool READLINE(int unit, TextRef line) {
     std::string_view text;
-    switch (readLine(unit, text)) {
+    switch (isOpen(unit) ? readLine(unit, text) : ReadResult::failed) {
         case ReadResult::failed:
             stopAtLine(unit, "ERROR 0201 - Reading text line from file unit number");
         case ReadResult::end:

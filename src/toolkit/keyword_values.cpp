@@ -15,8 +15,6 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-Text<kLineCapacity> work;
-
 struct Field {
     std::string_view line;
     std::string_view lowerLine;
@@ -60,12 +58,14 @@ void extract(TextRef out, const Field& field, Extent extent) {
     std::string_view value = fromValue(field);
     if (extent == Extent::toComma) value = value.substr(0, findOutsideQuotes(value, ','));
     // Quotes are dropped before the cut at the capacity of `out`, and so are the blanks in front.
+    Text<kLineCapacity> work;
     REMOVEQUOTES(work, value);
     TRIMF(out, work);
 }
 
-[[noreturn]] void stopAtValue(const Field& field, std::string_view wanted) {
-    consoleLine(" Could not convert \"", work, "\" in column", IntegerText(field.column, 3), " to ",
+[[noreturn]] void stopAtValue(const Field& field, std::string_view text,
+                              std::string_view wanted) {
+    consoleLine(" Could not convert \"", text, "\" in column", IntegerText(field.column, 3), " to ",
                 wanted, " value for the ", withoutTrailingBlanks(field.keyword), " field.");
     stopRun();
 }
@@ -73,11 +73,12 @@ void extract(TextRef out, const Field& field, Extent extent) {
 template <typename Number>
 Number extractNumber(const Field& field, Number fallback, Item (*take)(FreeFormat&, Number&),
                      std::string_view wanted) {
-    extract(work, field, Extent::toComma);
-    if (work.blank()) return fallback;
-    FreeFormat list(work);
+    Text<kLineCapacity> text;
+    extract(text, field, Extent::toComma);
+    if (text.blank()) return fallback;
+    FreeFormat list(text);
     Number value = fallback;
-    if (!taken(take(list, value))) stopAtValue(field, wanted);
+    if (!taken(take(list, value))) stopAtValue(field, text, wanted);
     return value;
 }
 

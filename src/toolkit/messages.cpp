@@ -5,11 +5,12 @@
 #include "run/console.h"
 #include "run/messages.h"
 #include "run/stop.h"
-#include "run/unit_writing.h"
+#include "toolkit/host.h"
 
 namespace vantelgis {
 
 void DMESSAGE(std::int32_t nBlank) {
+    const HandOver host;
     reportMessage(nBlank);
 }
 
@@ -25,11 +26,13 @@ void DLINE(int unit) {
     constexpr std::string_view kRule =
         "________________________________________________________________________________";
     static_assert(kRule.size() == 80);
+    const HandOver host;
     consoleLine(kRule);
-    if (unit > 0) putLine(unit, kRule);
+    if (unit > 0) writeLineTo(unit, kRule);
 }
 
 void DPAUSE() {
+    const HandOver host;
     pauseRun();
 }
 

@@ -9,11 +9,9 @@ namespace vantelgis {
 
 namespace {
 
-Text<kLineCapacity> work;
-
-// The first occurrence of `find` in the work text at or behind `from`; `npos` if there is none.
-std::size_t findInWork(std::string_view find, std::size_t from) {
-    const std::size_t at = findIgnoringCase(work.view().substr(from), find);
+// The first occurrence of `find` in `text` at or behind `from`; `npos` if there is none.
+std::size_t findBehind(std::string_view text, std::string_view find, std::size_t from) {
+    const std::size_t at = findIgnoringCase(text.substr(from), find);
     return at == std::string_view::npos ? at : from + at;
 }
 
@@ -28,11 +26,11 @@ void replaceFirst(TextRef out, std::string_view s, std::string_view find, std::s
     if (find.empty() ||
         findIgnoringCase(s.substr(0, kLineCapacity), find) == std::string_view::npos)
         return out.assign(cutLine(s));
-    work = s;
+    Text<kLineCapacity> work(s);
     const bool behindReplacement = findIgnoringCase(by, find) != std::string_view::npos;
     std::size_t from = 0;
     for (std::size_t n = 0; n < atMost && from <= work.size(); ++n) {
-        const std::size_t at = findInWork(find, from);
+        const std::size_t at = findBehind(work, find, from);
         if (at == std::string_view::npos) break;
         replacePiece(work, at, find.size(), by);
         // A new match can begin in front of the replacement, but not as far as one whole `find`.
