@@ -34,7 +34,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/documents.cmake)
 # What `cmake --install` and cpack build before they copy.
 add_custom_target(shipped DEPENDS ${shipped_programs} ${shipped_documents})
 if(TARGET vantelgis_toolkit)
-  add_dependencies(shipped vantelgis_toolkit)
+  add_dependencies(shipped vantelgis_toolkit fortran_module)
 endif()
 
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "converts between 12d Model archives and GIS layers")

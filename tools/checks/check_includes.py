@@ -18,6 +18,7 @@ MAY_INCLUDE = {
     "gis/shp": {"gis", "gis/dbf", "run", "text"},
     "gis/dbf": {"gis", "run", "text"},
     "toolkit": {"run", "text", "geometry"},
+    "toolkit/c": {"toolkit", "run", "text"},
     # The rooms below these two may include one another.
     "batch": {"archive", "run", "text"} | GIS,
     "gpkg": {"archive", "run", "text"},
@@ -43,6 +44,10 @@ syncstream system_error thread tuple type_traits typeindex typeinfo unordered_ma
 utility valarray variant vector version
 """.split())
 
+# What programs in C include is C, and knows only what lies next to it.
+C_HEADERS = re.compile(r"toolkit/c/vantelgis\w*\.h")
+STANDARD_C_HEADERS = {"stdbool.h", "stddef.h", "stdint.h"}
+
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 PLATFORM_TEST = re.compile(r"\b(_WIN32|_WIN64|__MINGW\w+|_MSC_VER|__linux__|__unix__|_POSIX_\w+)\b")
 
@@ -55,6 +60,8 @@ def folder_of(name):
 
 def project_include_fault(name, included):
     """What is wrong with one #include "..." line, or an empty text."""
+    if C_HEADERS.fullmatch(name):
+        return "" if (SRC / name).with_name(included).is_file() else "no such file next to it"
     if not (SRC / included).is_file():
         return "no such file below src"
     folder, target = folder_of(name), folder_of(included)
@@ -65,6 +72,8 @@ def project_include_fault(name, included):
 
 def system_include_fault(name, header):
     """What is wrong with one #include <...> line, or an empty text."""
+    if C_HEADERS.fullmatch(name):
+        return "" if header in STANDARD_C_HEADERS else "it is no header of C"
     if (header in STANDARD_HEADERS or header in LIBRARY_HEADERS.get(folder_of(name), set())
             or SYSTEM_HEADERS_IN.fullmatch(name)):
         return ""
