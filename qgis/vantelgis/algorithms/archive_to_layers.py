@@ -1,17 +1,20 @@
 """The strings of an archive as the converter's own layers, with real elevations."""
 
-from qgis.core import (QgsFeature, QgsFeatureSink, QgsField, QgsFields, QgsGeometry, QgsLineString,
+from qgis.core import (QgsFeature, QgsFeatureSink, QgsFields, QgsGeometry, QgsLineString,
                        QgsPoint, QgsProcessing, QgsProcessingException,
+                       QgsProcessingMultiStepFeedback,
                        QgsProcessingParameterFeatureSink, QgsVectorLayer, QgsWkbTypes)
-from qgis.PyQt.QtCore import QVariant
 
 from .. import styles
+from ..layers import tables
 from ..programs import batch
 from ..programs.scratch import scratch_folder
 from .algorithm import Algorithm
 from .groups import FROM_ARCHIVE
 
 NONE = float("nan")
+# The converter's null, which it takes for an elevation where the archive declares another one.
+NO_LEVEL = -99999.0
 # The results carry the system that the user sees; the converter only wants to be given one.
 NAMELESS = 'CoordSys NonEarth Units "m"\n'
 
@@ -38,11 +41,13 @@ class ArchiveToLayers(Algorithm):
     def processAlgorithm(self, parameters, context, feedback):
         archive = self.archive_path(parameters, context)
         system = self.system_of_archive(parameters, context, archive)
+        steps = QgsProcessingMultiStepFeedback(2, feedback)
         with scratch_folder() as folder:
             with open(f"{folder}/Header.mif", "w", encoding="ascii") as file:
                 file.write(NAMELESS)
-            record = batch.convert([archive, "--output-folder", ".", "--", "-mif", "Header.mif"], folder,
-                                   feedback)
+            record = batch.convert([archive, "--output-folder", ".", "--", "-mif", "Header.mif"],
+                                   folder, steps)
+            steps.setCurrentStep(1)
             layer = QgsVectorLayer(record["output"], "strings", "ogr")
             if not layer.isValid():
                 raise QgsProcessingException("QGIS can't read the layer that was made: "
@@ -51,7 +56,7 @@ class ArchiveToLayers(Algorithm):
             sinks = [self.parameterAsSink(parameters, name, context, fields, kind, system)
                      for name, kind in (("LINES", QgsWkbTypes.LineStringZ),
                                         ("POINTS", QgsWkbTypes.PointZ))]
-            _Strings(fields, *(sink for sink, _ in sinks)).read(layer, feedback)
+            _Strings(fields, *(sink for sink, _ in sinks)).read(layer, steps)
         results = {}
         for name, (_, identifier) in zip(("LINES", "POINTS"), sinks):
             styles.show(context, identifier, getattr(styles, name))
@@ -62,9 +67,9 @@ class ArchiveToLayers(Algorithm):
 def _fields():
     fields = QgsFields()
     for name in ("Z", "dZ", "Width"):
-        fields.append(QgsField(name, QVariant.Double, "", 16, 3))
+        fields.append(tables.number_field(name, 16, 3))
     for name in ("Options", "String_Type"):
-        fields.append(QgsField(name, QVariant.String, "", 20))
+        fields.append(tables.text_field(name, 20))
     return fields
 
 
@@ -88,7 +93,7 @@ class _Strings:
             if isinstance(shape, QgsLineString):
                 self._write_line()
                 self._line = (shape.clone(), feature.attributes())
-            else:
+            elif feature[0] != NO_LEVEL:
                 level = feature[0]
                 self._levels.append((shape.x(), shape.y(), level))
                 self._write(self._points, QgsPoint(shape.x(), shape.y(), level), feature.attributes())

@@ -37,8 +37,9 @@ class ArchiveToSections(Algorithm):
             if not record["files"]:
                 raise QgsProcessingException("No file was made.")
             for path in record["files"]:
-                if path.lower().endswith(".prj"):
-                    systems.write_wkt(path, system)
-            for path in record["files"]:
-                put_in_place(path, os.path.join(output, os.path.basename(path)))
+                if not path.endswith(".prj"):
+                    put_in_place(path, os.path.join(output, os.path.basename(path)))
+                elif systems.one_line_form(system):  # whole, where the converter cuts long lines
+                    systems.write_system(path, system)
+                    put_in_place(path, os.path.join(output, os.path.basename(path)))
         return {"OUTPUT": output}

@@ -1,7 +1,7 @@
 """Lines and polygons of a layer to 2D breaklines."""
 
-from qgis.core import (QgsProcessing, QgsProcessingParameterFeatureSource,
-                       QgsProcessingParameterField)
+from qgis.core import (QgsProcessing, QgsProcessingMultiStepFeedback,
+                       QgsProcessingParameterFeatureSource, QgsProcessingParameterField)
 
 from ..layers import systems, tables
 from ..layers.reading import Reader
@@ -43,8 +43,9 @@ class Breaklines2d(Algorithm):
         field = self._name_field(parameters, context, source)
         target = self.target_system(parameters, context, source)
         output = self.parameterAsFileOutput(parameters, "OUTPUT", context)
+        steps = QgsProcessingMultiStepFeedback(2, feedback)
         with scratch_folder() as folder:
-            reader = Reader("INPUT", source, target, context, feedback)
+            reader = Reader("INPUT", source, target, context, steps)
             names = Names()
             table = tables.Table(f"{folder}/lines.shp", tables.LINES,
                                  [tables.text_field("NAME", LONGEST_NAME)])
@@ -54,7 +55,9 @@ class Breaklines2d(Algorithm):
             reader.report("lines")
             names.report(feedback)
             systems.write_system(f"{folder}/Header.prj", target)
-            record = batch.convert(["lines.shp", "--", "-model", source.sourceName()], folder, feedback)
+            steps.setCurrentStep(1)
+            record = batch.convert(["lines.shp", "--", "-model", source.sourceName()], folder, steps,
+                                   reader.taken)
             put_in_place(record["output"], output)
         return {"OUTPUT": output}
 

@@ -1,7 +1,7 @@
 """Lines and levelled points to 3D breaklines, with check layers."""
 
 from qgis.core import (QgsFeature, QgsFeatureSink, QgsFields, QgsGeometry, QgsProcessing,
-                       QgsProcessingParameterFeatureSink, QgsProcessingParameterFeatureSource,
+                       QgsProcessingMultiStepFeedback, QgsProcessingParameterFeatureSink, QgsProcessingParameterFeatureSource,
                        QgsProcessingParameterField, QgsVectorLayer, QgsWkbTypes)
 
 from .. import styles
@@ -66,20 +66,25 @@ class Breaklines3d(Algorithm):
         points = source_of(self, parameters, "POINTS", context, POINTS_ONLY)
         target = self.target_system(parameters, context, lines)
         output = self.parameterAsFileOutput(parameters, "OUTPUT", context)
+        steps = QgsProcessingMultiStepFeedback(3, feedback)
         with scratch_folder() as folder:
-            self._prepare_lines(f"{folder}/run_lines.shp", Reader("INPUT", lines, target, context, feedback),
+            reader = Reader("INPUT", lines, target, context, steps)
+            self._prepare_lines(f"{folder}/run_lines.shp", reader,
                                 self._field(parameters, "ELEVATION", context, lines))
-            arguments = ["run_lines.shp"]
+            arguments, expected = ["run_lines.shp"], (batch.FLAT,)
+            steps.setCurrentStep(1)
             if points is not None:
                 self._prepare_points(f"{folder}/run_points.shp",
-                                     Reader("POINTS", points, target, context, feedback),
+                                     Reader("POINTS", points, target, context, steps),
                                      self._field(parameters, "POINT_ELEVATION", context, points))
-                arguments = ["--pair", "{stem}_points.shp={stem}_lines.shp", "run_points.shp"]
+                arguments, expected = [
+                    "--pair", "{stem}_points.shp={stem}_lines.shp", "run_points.shp"], ()
             # One file alone brings its own .prj, and the one that QGIS writes may be of another form.
             for name in ("Header", "run_lines"):
                 systems.write_system(f"{folder}/{name}.prj", target)
+            steps.setCurrentStep(2)
             record = batch.convert([*arguments, "--", "-zln", "-model", lines.sourceName()], folder,
-                                   feedback)
+                                   steps, reader.taken, expected)
             results = {"OUTPUT": output}
             for name, layer in (("DANGLES", "_dangles_L"), ("UNSNAPPED", "_unsnapped_points_P")):
                 results.update(self._give_check_layer(parameters, name, f"{folder}/run_lines{layer}.shp",

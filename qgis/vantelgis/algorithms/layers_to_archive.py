@@ -1,8 +1,7 @@
 """Layers with names, models, colours and elevations to an archive."""
 
-from qgis.core import (QgsField, QgsProcessing, QgsProcessingFeatureSource,
-                       QgsProcessingParameterField, QgsProcessingParameterMultipleLayers)
-from qgis.PyQt.QtCore import QVariant
+from qgis.core import (QgsProcessing, QgsProcessingFeatureSource,
+                       QgsProcessingParameterField, QgsProcessingParameterMultipleLayers, QgsWkbTypes)
 
 from ..layers import tables
 from ..layers.reading import Reader
@@ -73,15 +72,20 @@ class LayersToArchive(Algorithm):
         chosen = dict(names)
         model, kind = (fields.lookupField(name or "") for name in (chosen.pop("model"), TYPE))
         texts, numbers = places(chosen.items()), places(zip(NUMBERS, NUMBERS))
+        has_z = reader.source.wkbType() == QgsWkbTypes.Unknown or QgsWkbTypes.hasZ(
+            reader.source.wkbType())
         table = tables.Table(
-            path, tables.LINES_Z, [QgsField(own, QVariant.String) for own, _ in (*texts, ("model", 0), (TYPE, 0))]
-            + [QgsField(own, QVariant.Double) for own, _ in numbers], table_name, "GPKG", target)
+            path, tables.MULTI_LINES_Z if has_z else tables.MULTI_LINES, [
+                *(tables.text_field(own) for own, _ in (*texts, ("model", 0), (TYPE, 0))),
+                *(tables.number_field(own, 0, 0) for own, _ in numbers)],
+            table_name, "GPKG", target)
         for feature, lines in reader.lines([place for _, place in (*texts, *numbers)] + [model, kind],
                                            LONGEST_LINE, refuse_longer=True):
             given = text_of(feature[kind]) if kind >= 0 else ""
             if not given in KINDS:
                 given = KINDS[lines.constGet().is3D()]
-            lines.get().addZValue(NONE)  # where there is none yet; QGIS would make it 0
+            if has_z:
+                lines.get().addZValue(NONE)  # where there is none yet; QGIS would make it 0
             table.add(lines, [
                 *(text_of(feature[place]) or None for _, place in texts),
                 (text_of(feature[model]) if model >= 0 else "") or reader.layer,

@@ -1,7 +1,7 @@
 """Points with results to symbols."""
 
-from qgis.core import (QgsProcessing, QgsProcessingParameterFeatureSource,
-                       QgsProcessingParameterField)
+from qgis.core import (QgsProcessing, QgsProcessingMultiStepFeedback,
+                       QgsProcessingParameterFeatureSource, QgsProcessingParameterField)
 from ..layers import systems, tables
 from ..layers.reading import Reader
 from ..layers.sources import POINTS_ONLY, check_field, source_of
@@ -46,12 +46,14 @@ class Results(Algorithm):
         fields = self._value_fields(parameters, context, source)
         target = self.target_system(parameters, context, source)
         output = self.parameterAsFileOutput(parameters, "OUTPUT", context)
+        steps = QgsProcessingMultiStepFeedback(2, feedback)
         with scratch_folder() as folder:
-            self._prepare(f"{folder}/points.shp", Reader("INPUT", source, target, context, feedback),
+            self._prepare(f"{folder}/points.shp", Reader("INPUT", source, target, context, steps),
                           fields)
             systems.write_system(f"{folder}/Header.prj", target)
+            steps.setCurrentStep(1)
             record = batch.convert(["points.shp", "--", "-results", "-model", source.sourceName()],
-                                   folder, feedback)
+                                   folder, steps)
             put_in_place(record["output"], output)
         return {"OUTPUT": output}
 

@@ -57,11 +57,16 @@ def metres_as_units(length, system):
     return length / 111_000 if degrees else length
 
 
-def write_system(path, system):
-    """Writes a .prj in the one form that the converter reads: PROJCS on a line."""
+def one_line_form(system):
+    """The system in the one form that the converter reads, PROJCS on a line; empty if it has none."""
     text = system.toWkt(QgsCoordinateReferenceSystem.WKT1_ESRI) if system.isValid() else ""
+    return text if text.startswith("PROJCS") else ""
+
+
+def write_system(path, system):
+    """Writes a .prj for the converter."""
     with open(path, "w", encoding="utf-8") as file:
-        file.write((text if text.startswith("PROJCS") else NAMELESS) + "\n")
+        file.write((one_line_form(system) or NAMELESS) + "\n")
 
 
 def write_wkt(path, system):

@@ -2,24 +2,31 @@
 
 import os
 
-from qgis.core import (QgsCoordinateReferenceSystem, QgsCoordinateTransformContext, QgsFeature,
+from qgis.core import (Qgis, QgsCoordinateReferenceSystem, QgsCoordinateTransformContext, QgsFeature,
                        QgsFeatureSink, QgsField, QgsFields, QgsProcessingException,
                        QgsVectorFileWriter, QgsWkbTypes)
-from qgis.PyQt.QtCore import QVariant
+from qgis.PyQt.QtCore import QMetaType, QVariant
 
 LINES = QgsWkbTypes.LineString  # takes lines of several parts as well
 POINTS = QgsWkbTypes.Point
-LINES_Z = QgsWkbTypes.MultiLineStringZ
+# In packages, which want one kind for all.
+MULTI_LINES, MULTI_LINES_Z = QgsWkbTypes.MultiLineString, QgsWkbTypes.MultiLineStringZ
 
 
-def text_field(name, width):
-    """A field of at most `width` bytes."""
-    return QgsField(name, QVariant.String, "", width)
+# QGIS changed the kind of its types, and warns of the old ones.
+TYPES = QVariant if Qgis.QGIS_VERSION_INT < 33800 else QMetaType.Type
+TEXT = TYPES.String if TYPES is QVariant else TYPES.QString
 
 
-def number_field(name):
-    """A field that keeps every digit of a single-precision number that an archive has room for."""
-    return QgsField(name, QVariant.Double, "", 24, 15)
+def text_field(name, width=0):
+    """A field of at most `width` bytes, or without a limit."""
+    return QgsField(name, TEXT, "", width)
+
+
+def number_field(name, width=24, decimals=15):
+    """A field; without a width one that keeps every digit of a single-precision number that an
+    archive has room for."""
+    return QgsField(name, TYPES.Double, "", width, decimals)
 
 
 class Table:

@@ -2,64 +2,71 @@
 only passed on."""
 
 import json
-import os
 
 from qgis.core import QgsProcessingException
 
 from .programs import Run
 
-REPORT = "report.json"
-ASTERISKS = "asterisks"  # of the count of numbers that had no room in their columns
+# Names of counts.
+ASTERISKS = "asterisks"
+FLAT = "lines without a snapped point"
 
 
-def convert(arguments, folder, feedback):
+class _Events:
+    """Takes the lines of the batch program: events in JSON, and words for people."""
+
+    def __init__(self, feedback, total):
+        self._feedback, self._total = feedback, total
+        self.record, self.words = None, []
+
+    def take(self, _is_error, line):
+        try:
+            event = json.loads(line)
+        except ValueError:
+            event = None
+        if not isinstance(event, dict):
+            self.words.append(line)
+        elif "record" in event:
+            self.record = event["record"]
+        elif "text" in event:
+            self._feedback.pushInfo(event["text"])
+        elif event.get("count") and self._total:
+            self._feedback.setProgress(min(99, 100 * event["count"] / self._total))
+
+
+def convert(arguments, folder, feedback, total=0, expected=()):
     """Converts one input in a scratch folder and returns the batch program's record of it. Raises
-    with reason and cure when the run failed; puts what is suspicious into the log."""
-    words = []
-    status = Run("vantelgis-batch", ["-j", "1", "--progress", "json", "--report", REPORT, *arguments],
-                 folder).follow(feedback, lambda _, line: _take_line(line, words, feedback))
-    try:
-        with open(os.path.join(folder, REPORT), encoding="utf-8", errors="surrogateescape") as file:
-            record = json.load(file)["inputs"][0]
-    except (OSError, ValueError, LookupError) as error:
-        said = "\n".join(words[-20:])
-        raise QgsProcessingException(
-            f"vantelgis-batch ended with status {status} and no report: {said}") from error
-    _judge(record, feedback)
-    return record
+    with reason and cure when the run failed; puts what is suspicious into the log. `total` is the
+    number of lines or points to expect, if it is known; counts named in `expected` are no cause
+    for a warning."""
+    events = _Events(feedback, total)
+    status = Run("vantelgis-batch", ["-j", "1", "--progress", "json", *arguments],
+                 folder).follow(feedback, events.take)
+    if events.record is None:
+        said = "\n".join(events.words[-20:])
+        raise QgsProcessingException(f"vantelgis-batch ended with status {status}: {said}")
+    _judge(events.record, expected, feedback)
+    return events.record
 
 
-def _take_line(line, words, feedback):
-    """A line is an event in JSON, or words for people."""
-    try:
-        event = json.loads(line)
-    except ValueError:
-        event = None
-    if not isinstance(event, dict):
-        words.append(line)
-    elif event.get("total"):
-        feedback.setProgress(100 * event.get("done", 0) / event["total"])
-
-
-def _judge(record, feedback):
-    findings = record.get("findings", [])
-    counts = record.get("counts", {})
-    verdict, reason = record["verdict"], _sentence(record)
-    if verdict not in ("well", "suspicious") or counts.get(ASTERISKS):
-        raise QgsProcessingException("\n".join(
-            [reason] + [_sentence(finding) for finding in findings if finding["level"] == "error"]))
-    for finding in findings:
-        tell = feedback.pushInfo if finding["level"] == "note" else feedback.pushWarning
-        tell(_sentence(finding))
-    if verdict == "suspicious":
+def _judge(record, expected, feedback):
+    findings, counts = record.get("findings", []), record.get("counts", {})
+    reason = _sentence(record.get("reason"), record.get("cure"))
+    said = {level: [_sentence(finding["words"], finding["cure"]) for finding in findings
+                    if finding["level"] == level] for level in ("error", "warning", "note")}
+    if record["verdict"] not in ("well", "suspicious") or any(ASTERISKS in name for name in counts):
+        raise QgsProcessingException("\n".join([reason, *said["error"]]))
+    for words in said["note"]:
+        if words != reason:
+            feedback.pushInfo(words)
+    for words in said["warning"]:
+        feedback.pushWarning(words)
+    if record["verdict"] == "suspicious" and (not counts or set(counts) - set(expected)):
         feedback.pushWarning(reason)
         for name, count in counts.items():
-            feedback.pushWarning(f"{count} {name}")
-    feedback.pushInfo(f"{record.get('converted', 0)} converted, of {record.get('objects', 0)} "
-                      f"objects with {record.get('vertices', 0)} vertices.")
+            feedback.pushWarning(f"{name}: {count}")
+    feedback.pushInfo(f"Converted: {record['converted']}, with {record['vertices']} vertices.")
 
 
-def _sentence(said):
-    """What is there, and what to do, of a record or of a finding."""
-    words = said.get("reason") or said.get("words") or ""
-    return " ".join(part for part in (words, said.get("cure")) if part)
+def _sentence(*parts):
+    return " ".join(part for part in parts if part)

@@ -32,7 +32,7 @@ def program(name):
         return path
     path = os.path.join(INSIDE, name + SUFFIX)
     if os.path.isfile(path):
-        _make_executable(path)
+        _make_executable(INSIDE)
         return path
     path = shutil.which(name)
     if path is None:
@@ -43,16 +43,19 @@ def program(name):
     return path
 
 
-def _make_executable(path):
-    """The installer of QGIS unpacks files without the right to run them."""
-    if os.name == "nt" or os.access(path, os.X_OK):
-        return
-    try:
-        os.chmod(path, os.stat(path).st_mode | stat.S_IXUSR | stat.S_IXGRP | stat.S_IXOTH)
-    except OSError as error:
-        raise QgsProcessingException(
-            f"{path} can't be made executable ({error.strerror}): ask whoever installed the plugin "
-            "to do so.") from error
+def _make_executable(folder):
+    """The installer of QGIS unpacks files without the right to run them; and the batch program
+    runs the converter beside it."""
+    for name in os.listdir(folder):
+        path = os.path.join(folder, name)
+        if os.name == "nt" or os.access(path, os.X_OK):
+            continue
+        try:
+            os.chmod(path, os.stat(path).st_mode | stat.S_IXUSR | stat.S_IXGRP | stat.S_IXOTH)
+        except OSError as error:
+            raise QgsProcessingException(
+                f"{path} can't be made executable ({error.strerror}): ask whoever installed the "
+                "plugin to do so.") from error
 
 
 class Run:
