@@ -1,5 +1,5 @@
-// Part of the shared library alone: there the console is the host's standard streams, and the end of
-// a run is the ordinary end of the host's process.
+// Part of the shared library alone: there the console is the host's standard streams, and the end
+// of a run is the ordinary end of the host's process.
 
 #include <cstddef>
 #include <cstdio>

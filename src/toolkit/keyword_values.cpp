@@ -63,8 +63,7 @@ void extract(TextRef out, const Field& field, Extent extent) {
     TRIMF(out, work);
 }
 
-[[noreturn]] void stopAtValue(const Field& field, std::string_view text,
-                              std::string_view wanted) {
+[[noreturn]] void stopAtValue(const Field& field, std::string_view text, std::string_view wanted) {
     consoleLine(" Could not convert \"", text, "\" in column", IntegerText(field.column, 3), " to ",
                 wanted, " value for the ", withoutTrailingBlanks(field.keyword), " field.");
     stopRun();

@@ -34,8 +34,8 @@ bool NUMBERLINE(TextRef s);
 bool POSITIVEINTEGERNUMBER(TextRef s);
 
 /// Reads the next line of the open file `unit`, without its tabs and its comment (see COMMENTLINE).
-/// True when something is left. At the end of the file, when the read fails, or for a unit that isn't
-/// open, it reports that and stops the run.
+/// True when something is left. At the end of the file, when the read fails, or for a unit that
+/// isn't open, it reports that and stops the run.
 bool READLINE(int unit, TextRef line);
 
 /// Removes the leading blanks of `line` in place and cuts it at its first "#" or "!". True when

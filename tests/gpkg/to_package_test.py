@@ -128,6 +128,8 @@ class Contents(GpkgTest):
                     self.same([v[:2] for v in vertices], plain, 6)
                 heights = [(*v[:2], v[2] if len(v) > 2 else level) for v in vertices]
                 heights = [v for v in heights if v[2] is not None and not math.isnan(v[2])]
+                if kind == "super" and vertices[0][:2] == vertices[-1][:2]:
+                    heights = heights[:-1]  # the converter leaves it open
                 if heights:  # behind these come the points of strings that give no line
                     self.same(heights, points[:len(heights)], 3)
             self.ogr("ogrinfo", "-al", packages[-1])
