@@ -169,6 +169,11 @@ TEST(CleanText, WhatALineOfAnArchiveCanHold) {
     EXPECT_EQ(changes.quotes, 2);
     EXPECT_EQ(changes.lineEnds, 2);
     EXPECT_EQ(changes.slashes, 2);
+    cleanText(clean, "{Data} {}", changes);
+    EXPECT_EQ(clean, "(Data) ()");
+    cleanText(clean, "{a}", changes);
+    EXPECT_EQ(clean, "{a}");
+    EXPECT_EQ(changes.braces, 1);
     cleanText(clean, std::string(99, 'x') + "é", changes);
     EXPECT_EQ(clean, std::string(99, 'x'));
     cleanText(clean, std::string(98, 'x') + "é", changes);

@@ -136,7 +136,8 @@ void Database::Closer::operator()(sqlite3* database) const {
 
 Database::Database(std::string_view file, std::string_view name, int flags) : file_(file) {
     sqlite3* opened = nullptr;
-    const int result = sqlite3_open_v2(std::string(name).c_str(), &opened, flags, nullptr);
+    const int result =
+        sqlite3_open_v2(std::string(name).c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     database_.reset(opened);
     if (result != SQLITE_OK) failFor(opened, result, file_);
     // A name in double quotes that isn't there is a mistake, not a text.

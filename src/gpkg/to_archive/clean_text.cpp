@@ -5,6 +5,7 @@
 #include "gpkg/encoding.h"
 #include "gpkg/report.h"
 #include "text/characters.h"
+#include "text/strings.h"
 #include "text/text.h"
 
 namespace vantelgis::gpkg {
@@ -17,6 +18,16 @@ constexpr bool isControl(char c) {
 
 constexpr bool isPlain(char c) {
     return isLetter(c) || isDigit(c) || c == '_' || c == '-' || c == '.' || c == '+';
+}
+
+// A reader of archives takes any line with a brace and one of these words for the start of a block,
+// whatever stands around them.
+void roundBraces(std::string& text, TextChanges& changes) {
+    if (text.find('{') == std::string::npos) return;
+    if (!containsIgnoringCase(text, "data") && !containsIgnoringCase(text, "string")) return;
+    std::replace(text.begin(), text.end(), '{', '(');
+    std::replace(text.begin(), text.end(), '}', ')');
+    ++changes.braces;
 }
 
 }  // namespace
@@ -39,6 +50,7 @@ void cleanText(std::string& clean, std::string_view text, TextChanges& changes) 
             clean += c;
         }
     }
+    roundBraces(clean, changes);
     clean.resize(withoutTrailingBlanks(clean).size());
     if (clean.size() <= kLongestText) return;
     clean.resize(withoutTrailingBlanks(cutUtf8(clean, kLongestText)).size());
@@ -62,6 +74,9 @@ void reportChanges(const TextChanges& changes) {
     if (changes.slashes > 0)
         reportWarning(
             joined(changes.slashes, " times // in texts became / /, as // begins a comment"));
+    if (changes.braces > 0)
+        reportWarning(joined("the braces of ", counted(changes.braces, "text", "texts"),
+                             " became round ones, as they would have begun a block"));
     if (changes.cut > 0)
         reportWarning(joined(counted(changes.cut, "text was", "texts were"), " cut at ",
                              kLongestText, " bytes, the most that readers keep"));

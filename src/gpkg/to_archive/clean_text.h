@@ -11,7 +11,9 @@ struct TextChanges {
     std::int64_t quotes = 0;    ///< double quotes that became single ones
     std::int64_t lineEnds = 0;  ///< line ends, tabs and the like that became blanks
     std::int64_t slashes = 0;   ///< "//", which would begin a comment, taken apart by a blank
-    std::int64_t cut = 0;       ///< texts of more than kLongestText bytes
+    std::int64_t braces =
+        0;                 ///< texts whose braces, beside a word of the format, became round ones
+    std::int64_t cut = 0;  ///< texts of more than kLongestText bytes
 };
 
 /// Bytes of a name, or another text of a string, that a reader of archives keeps.
