@@ -16,8 +16,8 @@ import subprocess
 import tempfile
 
 TOP = pathlib.Path(__file__).resolve().parent.parent
-PAGES = ["conversions.md", "running.md", "limits.md"]
-COMMANDS = ("vantelgis ", "vantelgis-batch ")
+PAGES = ["conversions.md", "running.md", "limits.md", "gpkg.md"]
+COMMANDS = ("vantelgis ", "vantelgis-batch ", "vantelgis-gpkg ")
 
 
 def sections(page):
@@ -32,6 +32,8 @@ def run(command, folder, program):
     words = shlex.split(command, comments=True)
     if words[0] == "vantelgis":
         words = [str(program), *words[1:]]
+    elif words[0] == "vantelgis-gpkg":
+        words = [str(program.parent / words[0]), *words[1:]]
     else:
         words = [str(TOP / "tools/vantelgis-batch"), "-p", str(program), *words[1:]]
     done = subprocess.run(words, cwd=folder, stdin=subprocess.DEVNULL, capture_output=True,
