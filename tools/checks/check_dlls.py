@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The program needs no library but those that every Windows has. Arguments: objdump, the program."""
+"""The programs need no library but those that every Windows has. Arguments: objdump, the programs."""
 
 import re
 import subprocess
@@ -7,8 +7,11 @@ import sys
 
 OF_EVERY_WINDOWS = {"kernel32.dll", "msvcrt.dll", "user32.dll"}
 
-listing = subprocess.run([sys.argv[1], "-p", sys.argv[2]], capture_output=True, text=True,
-                         check=True).stdout
-needed = {name.lower() for name in re.findall(r"DLL Name: (\S+)", listing)}
-print("\n".join(sorted(needed)))
-sys.exit(0 if needed and needed <= OF_EVERY_WINDOWS else "a library that must not be needed")
+faults = 0
+for program in sys.argv[2:]:
+    listing = subprocess.run([sys.argv[1], "-p", program], capture_output=True, text=True,
+                             check=True).stdout
+    needed = {name.lower() for name in re.findall(r"DLL Name: (\S+)", listing)}
+    print(program, *sorted(needed))
+    faults += not needed or not needed <= OF_EVERY_WINDOWS
+sys.exit(f"{faults} need a library that must not be needed" if faults else 0)

@@ -7,7 +7,8 @@ function(add_check name)
 endfunction()
 
 if(CMAKE_CROSSCOMPILING)
-  add_check(dlls ${CMAKE_OBJDUMP} $<TARGET_FILE:vantelgis>)
+  add_check(dlls ${CMAKE_OBJDUMP} $<TARGET_FILE:vantelgis> $<TARGET_FILE:vantelgis-batch>
+    $<TARGET_FILE:vantelgis-gpkg> $<TARGET_FILE:drop_target>)
   return()
 endif()
 # What can be said of the tree itself is said once, in the build without sanitizers.
