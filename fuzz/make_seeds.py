@@ -18,8 +18,8 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 DIVIDER = b"\n=====\n"
 LONGEST = 20_000
 SHIFTED = ("mif", "mif", "mif", "shp", "archive", "shp")  # the files that "boundaries" shifts
-LONGEST_SHIFTED = 500
-SHIFTED_MODES = 0, 1, 3
+LONGEST_SHIFTED = 400
+SHIFTED_MODES = 0, 1
 PAIRS = {"mif": (".mif", ".mid"), "shp": (".shp", ".dbf")}
 
 
