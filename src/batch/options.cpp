@@ -7,6 +7,7 @@
 
 #include "batch/completion.h"
 #include "batch/help.h"
+#include "batch/plan/plan.h"
 #include "batch/processes.h"
 #include "batch/tell/output.h"
 
@@ -41,10 +42,12 @@ void addInputOptions(CLI::App& app, Options& options, Texts& texts) {
     app.add_option("--include", options.include, "Of folders, take only files whose name fits GLOB")
         ->option_text("GLOB")
         ->allow_extra_args(false)
+        ->take_all()
         ->group(group);
     app.add_option("--exclude", options.exclude, "Leave out files and subfolders that fit GLOB")
         ->option_text("GLOB")
         ->allow_extra_args(false)
+        ->take_all()
         ->group(group);
     app.add_flag("-0,--null", options.zeroBytes,
                  "The list on standard input has zero bytes between names")
@@ -53,6 +56,7 @@ void addInputOptions(CLI::App& app, Options& options, Texts& texts) {
                    "Points and lines in two files for -zln, as {stem}_points.shp={stem}_lines.shp")
         ->option_text("POINTS=LINES")
         ->allow_extra_args(false)
+        ->take_all()
         ->group(group);
     app.add_option("--shard", texts.shard, "Take the K-th of N equal shares of the inputs")
         ->option_text("K/N")
@@ -112,6 +116,7 @@ void addTellOptions(CLI::App& app, Options& options, Texts& texts) {
     app.add_option("--report", options.reports, "Write a report: .html, .json or .csv")
         ->option_text("FILE")
         ->allow_extra_args(false)
+        ->take_all()
         ->group(group);
     app.add_option("--log", options.logFolder, "Keep what each run wrote to the console there")
         ->option_text("DIR")
@@ -227,6 +232,8 @@ bool checkValues(const Options& options, int& status) {
         if (reportKindOf(report) == ReportKind::none)
             return refuse("a report ends in .html, .json or .csv: " + report, status);
     }
+    if (const std::string fault = templateFault(options.nameTemplate); !fault.empty())
+        return refuse(fault, status);
     if (options.inputs.empty() && options.pairs.empty() && !options.worker)
         return refuse("no input is named; --help shows examples", status);
     if (options.ownProjection && !options.converter.second.empty() && !options.converter.wantZln)
@@ -272,6 +279,7 @@ bool readOptions(const std::vector<std::string>& arguments, Options& options, in
     Texts texts;
     app.set_help_flag();
     app.allow_extras();
+    app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
     addInputOptions(app, options, texts);
     addOutputOptions(app, options, texts);
     addRunOptions(app, options, texts);

@@ -93,13 +93,13 @@ class Collector {
         }
     }
 
+    // The same as if its names stood on the command line, as a shell would have put them there.
     void takeWildcard(const std::string& pattern) {
         const std::vector<std::string> names = expandWildcard(pattern);
-        const std::size_t before = inputs_.items.size();
         for (const std::string& name : names) {
-            if (wanted(namePart(name))) add(name, {}, rootOfWildcard(pattern));
+            if (!excluded(namePart(name))) add(name, {}, rootOfWildcard(pattern));
         }
-        if (names.empty() && inputs_.items.size() == before) add(pattern, {}, 0);
+        if (names.empty()) add(pattern, {}, 0);  // the look says that it isn't there
     }
 
     // What stands in front of a wildcard's first part that stands for several names.

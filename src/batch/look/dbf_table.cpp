@@ -27,8 +27,8 @@ struct Layout {
 
 bool readLayout(std::string_view header, int fields, Layout& layout) {
     std::size_t at = kHeaderBytes;
-    for (std::size_t n = 0; n < kMostFields && at + kHeaderBytes <= header.size() + 1; ++n) {
-        if (at < header.size() && header[at] == kDescriptorsEnd) {
+    for (std::size_t n = 0; n < kMostFields && at < header.size(); ++n) {
+        if (header[at] == kDescriptorsEnd) {
             layout.firstRow = static_cast<std::int64_t>(at) + 1;
             return n > 0;
         }

@@ -37,7 +37,7 @@ bool isReadable(const std::string& file) {
 }
 
 bool lookAtMainFile(const std::string& named, const std::string& path, Look& look) {
-    const FileStatus status = path.empty() ? FileStatus{} : statusOf(path);
+    const FileStatus status = statusOf(path);
     if (!status.exists()) {
         look.find(Find::missing, {named});
     } else if (status.kind != FileStatus::Kind::file) {

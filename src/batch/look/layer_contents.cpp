@@ -41,6 +41,7 @@ struct LayerWalk {
     std::int32_t limit = kMaxNodes2d;
     AttributeCheck::Wish attribute = AttributeCheck::Wish::none;
     std::int64_t objects = 0;
+    std::int64_t at = 0;  // the object that is being read, from 1
     std::array<std::int64_t, kKinds> passedOver{};
     bool sampled = false;
     bool cut = false;  // the sample ended before the layer did
@@ -116,6 +117,7 @@ void walkLayer(LayersLook& all, LayerWalk& walk) {
     GisObject object;
     Line record;
     while (!gisAtEnd(layer) && goesOn(all, walk)) {
+        walk.at = walk.objects + 1;
         if (!gisObjectType(layer, object)) continue;
         ++walk.objects;
         gisReadRecord(layer, object, record);
@@ -186,7 +188,7 @@ void runWalk(LayersLook& all, LayerWalk& walk) {
     const ReaderStop stop = guarded([&] { walkLayer(all, walk); });
     walk.stopped = stop.stopped;
     all.look.expected.objects += walk.objects;
-    if (stop.stopped) tellReaderStop(stop.message, walk.objects, walk.limit, all.look);
+    if (stop.stopped) tellReaderStop(stop.message, walk.at, walk.limit, all.look);
     if (all.look.interrupted) return;
     const TableWish table{
         walk.objects, stop.stopped || walk.cut, all.wish.full,

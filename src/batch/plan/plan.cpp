@@ -158,7 +158,10 @@ RunPlan planRun(const Options& options, const Job& job) {
     if (options.toGeoPackage)
         plan.conversion = kind == InputKind::archive ? Conversion::geoPackage : Conversion::none;
     plan.folder = absoluteFolder(folderPart(job.input));
-    if (plan.folder.empty()) return plan;
+    if (plan.folder.empty()) {
+        plan.input = fullName(job.input);
+        return plan;
+    }
     plan.input = inFolder(plan.folder, namePart(job.input));
     chooseSecond(options, job, plan);
     chooseResult(options, job, plan);

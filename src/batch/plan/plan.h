@@ -21,8 +21,8 @@ struct Job {
 
 struct RunPlan {
     Conversion conversion = Conversion::none;
-    std::string input;            ///< absolute; empty when its folder isn't there
-    std::string folder;           ///< of the input
+    std::string input;            ///< absolute
+    std::string folder;           ///< of the input; empty when it isn\'t there
     std::string second;           ///< File 2, absolute; empty if there is none
     bool secondHasLines = false;  ///< File 2 is the lines of 3D breaklines, not a projection alone
     std::string targetFolder;     ///< where the results go, absolute

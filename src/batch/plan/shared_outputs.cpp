@@ -48,7 +48,6 @@ bool SharedOutputs::takeOne(std::size_t place, const std::string& file) {
 bool SharedOutputs::takeAll() {
     for (std::size_t place = 0; place < crew_.inputs.size(); ++place) {
         const RunPlan plan = planRun(crew_.options, jobOf(crew_, place));
-        if (plan.conversion == Conversion::none) continue;
         inputs_.emplace(hashOf(plan.input), static_cast<std::uint32_t>(place));
         if (!plan.second.empty() && plan.secondHasLines)
             inputs_.emplace(hashOf(plan.second), static_cast<std::uint32_t>(place));

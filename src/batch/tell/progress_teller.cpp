@@ -69,7 +69,6 @@ void ProgressTeller::progress(std::int64_t number, std::string_view json) {
 }
 
 void ProgressTeller::verdict(const Record& record) {
-    running_.erase(record.number);
     if (how_ == Progress::json) {
         std::string members;
         JsonWriter json(members);
@@ -84,6 +83,7 @@ void ProgressTeller::verdict(const Record& record) {
         if (!record.reason.empty()) text.append(": ").append(readable(record.reason));
         line(text);
     }
+    running_.erase(record.number);
 }
 
 void ProgressTeller::note(std::string_view text) {
