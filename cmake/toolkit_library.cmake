@@ -89,6 +89,8 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vantelgis-config.cmake
   ${CMAKE_CURRENT_BINARY_DIR}/vantelgis-config-version.cmake
   DESTINATION ${package_folder} COMPONENT development)
 if(NOT WIN32)
+  # An installation may be moved.
+  file(RELATIVE_PATH prefix_above /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
   configure_file(${toolkit_scripts}/vantelgis.pc.in ${CMAKE_CURRENT_BINARY_DIR}/vantelgis.pc @ONLY)
   install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vantelgis.pc
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
