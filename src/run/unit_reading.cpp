@@ -3,14 +3,11 @@
 #include <algorithm>
 #include <cstring>
 
-#include "run/stop.h"
 #include "run/unit_writing.h"
 
 namespace vantelgis {
 
-namespace {
-
-// Goes on where writing has come to. The system refuses to read a file that is output alone.
+// The system refuses to read a file that is output alone.
 void turnToReading(OpenFile& file) {
     static_cast<void>(flushFile(file));
     file.lineStart = file.bufferStart;
@@ -18,12 +15,7 @@ void turnToReading(OpenFile& file) {
     file.ended = false;
 }
 
-OpenFile& readableFile(int unit) {
-    OpenFile& file = fileOf(unit);
-    if (file.handle == platform::kNoFile) stopReadingData();
-    if (!file.holdsInput) turnToReading(file);
-    return file;
-}
+namespace {
 
 // Moves the bytes from `keepFrom` on to the buffer's start and reads behind them. False when
 // nothing more comes.
@@ -136,8 +128,7 @@ std::int64_t lineNumber(int unit) {
 
 // A failure met in the look ahead is left for the read that follows, so that its caller can say
 // what could not be read.
-bool atEnd(int unit) {
-    OpenFile& file = readableFile(unit);
+bool atEndBehindBuffer(OpenFile& file) {
     return !hasBytes(file) && (!file.failed || file.failureGiven);
 }
 

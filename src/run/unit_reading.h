@@ -27,9 +27,26 @@ ReadResult readLine(int unit, std::string_view& line);
 /// again when it is read again. Reads of bytes count no lines.
 std::int64_t lineNumber(int unit);
 
+/// Hands over what was written to a file; reading goes on there.
+void turnToReading(OpenFile& file);
+
+/// The file that a unit reads from. One that was closed under its owner stops the run.
+inline OpenFile& readableFile(int unit) {
+    OpenFile& file = fileOf(unit);
+    if (file.handle == platform::kNoFile) stopReadingData();
+    if (!file.holdsInput) turnToReading(file);
+    return file;
+}
+
+/// atEnd of a file with no byte left in its buffer.
+bool atEndBehindBuffer(OpenFile& file);
+
 /// True when the next read would meet the end of the file, also after a failed read; false when it
 /// will fail. The view of the line read last stays valid after true; after false it is gone.
-bool atEnd(int unit);
+inline bool atEnd(int unit) {
+    OpenFile& file = readableFile(unit);
+    return file.begin == file.end && atEndBehindBuffer(file);
+}
 
 /// Goes back to the start of the file.
 void rewindUnit(int unit);

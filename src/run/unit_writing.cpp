@@ -28,14 +28,9 @@ bool flushFile(OpenFile& file) {
     return !file.failed;
 }
 
-OpenFile& makeRoom(int unit, std::size_t size) {
-    OpenFile& file = fileOf(unit);
+void clearBuffer(OpenFile& file) {
     if (file.holdsInput) turnToWriting(file);
-    if (kBufferSize - file.end < size || file.end >= file.blockSize ||
-        file.handle == platform::kNoFile || file.failed) {
-        if (!flushFile(file) && !file.ownerReports) stopWritingFile(file.name);
-    }
-    return file;
+    if (!flushFile(file) && !file.ownerReports) stopWritingFile(file.name);
 }
 
 void put(int unit, std::string_view text) {
@@ -70,10 +65,6 @@ void OutputLine::longText(std::string_view s) {
 
 void ownerReportsWriteFailures(int unit) {
     fileOf(unit).ownerReports = true;
-}
-
-bool writeFailed(int unit) {
-    return fileOf(unit).failed;
 }
 
 bool flushUnit(int unit) {

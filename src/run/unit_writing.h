@@ -23,8 +23,18 @@ inline constexpr std::size_t kLargestReserve = 65536;
 /// Hands the buffered bytes to the system; false when that, or an earlier write, failed.
 bool flushFile(OpenFile& file);
 
+/// Makes a file's buffer ready for writing, and empty; stops the run when that fails and the owner
+/// doesn't report it.
+void clearBuffer(OpenFile& file);
+
 /// The file that a unit writes to, with room for `size` bytes in its buffer.
-OpenFile& makeRoom(int unit, std::size_t size);
+inline OpenFile& makeRoom(int unit, std::size_t size) {
+    OpenFile& file = fileOf(unit);
+    if (file.holdsInput || kBufferSize - file.end < size || file.end >= file.blockSize ||
+        file.handle == platform::kNoFile || file.failed)
+        clearBuffer(file);
+    return file;
+}
 
 /// A place for at most `size` bytes (up to kLargestReserve), and how far it was filled.
 inline char* reserve(int unit, std::size_t size) {
@@ -114,7 +124,9 @@ void putValue(int unit, Number value) {
 void ownerReportsWriteFailures(int unit);
 
 /// True when a write on this unit was refused, or its file was closed under its owner.
-bool writeFailed(int unit);
+inline bool writeFailed(int unit) {
+    return fileOf(unit).failed;
+}
 
 /// Hands everything over; false when that, or an earlier write, failed.
 bool flushUnit(int unit);

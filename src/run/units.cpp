@@ -14,13 +14,14 @@
 
 namespace vantelgis {
 
+Unit tableUnits[kUnitCount];
+int firstUnit = 0;
+
 namespace {
 
 constexpr int kLowestBase = 9;
 
 struct UnitTable {
-    int base = kLowestBase;
-    Unit units[kUnitCount];
     std::deque<Unit> ownUnits;  // under numbers of a host's that the table has none of
     std::vector<std::unique_ptr<OpenFile>> spares;  // closed files whose buffers are used again
 
@@ -30,13 +31,13 @@ struct UnitTable {
     UnitTable& operator=(const UnitTable&) = delete;
 
     void number(int from) {
-        base = from;
-        for (int k = 0; k < kUnitCount; ++k) units[k].number = from + k + 1;
+        firstUnit = from + 1;
+        for (int k = 0; k < kUnitCount; ++k) tableUnits[k].number = firstUnit + k;
         spares.reserve(kUnitCount);  // so that closing a file needs no memory
     }
     template <typename Action>
     void forEach(Action action) {
-        for (Unit& unit : units) action(unit);
+        for (Unit& unit : tableUnits) action(unit);
         for (Unit& unit : ownUnits) action(unit);
     }
 };
@@ -71,14 +72,14 @@ void initialiseUnits(int base) {
 }
 
 Unit* freeUnit() {
-    Unit* const end = table.units + kUnitCount;
-    Unit* const found = std::find_if(table.units, end, [](const Unit& unit) { return !unit.used; });
+    Unit* const end = tableUnits + kUnitCount;
+    Unit* const found = std::find_if(tableUnits, end, [](const Unit& unit) { return !unit.used; });
     return found == end ? nullptr : found;
 }
 
 Unit* findUnit(int unit) {
-    const std::int64_t slot = std::int64_t{unit} - table.base - 1;
-    if (slot >= 0 && slot < kUnitCount) return &table.units[slot];
+    const std::int64_t slot = std::int64_t{unit} - firstUnit;
+    if (slot >= 0 && slot < kUnitCount) return &tableUnits[slot];
     for (Unit& own : table.ownUnits)
         if (own.number == unit) return &own;
     return nullptr;
@@ -93,12 +94,6 @@ Unit& addUnit(int unit) {
 bool isOpen(int unit) {
     const Unit* const slot = findUnit(unit);
     return slot != nullptr && slot->file && slot->file->handle != platform::kNoFile;
-}
-
-OpenFile& fileOf(int unit) {
-    Unit* const slot = findUnit(unit);
-    if (slot == nullptr || !slot->file) stopReadingData();
-    return *slot->file;
 }
 
 int unitOf(const platform::FileIdentity& identity) {

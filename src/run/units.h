@@ -8,6 +8,7 @@
 #include "run/open_modes.h"
 #include "run/opener_settings.h"
 #include "run/platform.h"
+#include "run/stop.h"
 #include "text/limits.h"
 #include "text/text.h"
 
@@ -47,6 +48,10 @@ struct Unit {
     std::unique_ptr<OpenFile> file;
 };
 
+/// The table's units, numbered from `firstUnit` on.
+extern Unit tableUnits[kUnitCount];
+extern int firstUnit;
+
 /// Starts the file units: all are free, numbered from the larger of 9 and `base`, plus 1, and the
 /// opener's settings have their start values. Closes what an earlier run left open. Without this
 /// call the first unit is 10.
@@ -66,7 +71,12 @@ Unit& addUnit(int unit);
 
 /// The file of a unit; a unit without one stops the run with stopReadingData. It may have been
 /// closed under its owner: its handle is then kNoFile.
-OpenFile& fileOf(int unit);
+inline OpenFile& fileOf(int unit) {
+    const std::int64_t place = std::int64_t{unit} - firstUnit;
+    Unit* const slot = place >= 0 && place < kUnitCount ? &tableUnits[place] : findUnit(unit);
+    if (slot == nullptr || !slot->file) stopReadingData();
+    return *slot->file;
+}
 
 /// The unit on which a file is open, 0 if it is on none. Files are compared, not spellings.
 int unitOf(const platform::FileIdentity& identity);
