@@ -1,4 +1,5 @@
 #include <cstddef>
+#include <string_view>
 
 #include "archive/writer.h"
 #include "convert/conversions.h"
@@ -18,8 +19,8 @@ struct Breaklines2d {
     int archive = 0;
     int layer = 0;
     std::int32_t counter = 0;
-    Line record;
-    Text<100> name;  // keeps its value from one object to the next
+    std::string_view record;  // of the object
+    Text<100> name;           // keeps its value from one object to the next
     ObjectNodes nodes{kMaxNodes2d};
 };
 
@@ -55,7 +56,7 @@ void convertBreaklines2d(const RunSettings& settings) {
     run.layer = openInputLayer(settings.inputFile1);
     consoleLine("\nSearching for Lines and Polylines...\n");
     GisObject object;
-    while (nextObject(run.layer, object, run.record))
+    while (nextObject(run.layer, object, run.record, 1))
         if (object.isLineLike()) convertObject(run, object);
     closeUnit(run.archive);
     gisCloseLayer(run.layer);

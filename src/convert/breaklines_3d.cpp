@@ -1,5 +1,6 @@
 #include <cstddef>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "archive/writer.h"
@@ -31,7 +32,7 @@ struct Breaklines3d {
     std::int32_t counter = 0;
     float elevation = 0;  // of the polyline; an empty value keeps that of the one before
     GisObject object;
-    Line record;
+    std::string_view record;
     ObjectNodes nodes{kMaxNodes3d};
     std::vector<VertexElevation> elevations;  // of its nodes
 };
@@ -43,7 +44,7 @@ void readElevation(std::string_view record, float& elevation) {
 
 void readPoints(Breaklines3d& run) {
     float z = 0;
-    while (nextObject(run.layer, run.object, run.record)) {
+    while (nextObject(run.layer, run.object, run.record, 1)) {
         if (run.object.kind != ObjectKind::point) continue;
         if (run.points.size() == kMaxBreaklinePoints) {
             consoleLine("\nERROR - Exceeded maximum number of breakline points: ",
@@ -87,7 +88,7 @@ void convertPart(Breaklines3d& run, CheckLayer& dangles) {
 }
 
 void convertLines(Breaklines3d& run, CheckLayer& dangles) {
-    while (nextObject(run.layer, run.object, run.record)) {
+    while (nextObject(run.layer, run.object, run.record, 1)) {
         if (!run.object.isLineLike()) continue;
         const std::int32_t parts = countParts(run.object);
         for (std::int32_t part = 1; part <= parts; ++part) {

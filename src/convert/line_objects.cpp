@@ -26,10 +26,10 @@ int openInputLayer(std::string_view name) {
     return layer;
 }
 
-bool nextObject(int layer, GisObject& object, TextRef record) {
+bool nextObject(int layer, GisObject& object, std::string_view& record, int nItems) {
     while (!gisAtEnd(layer)) {
         if (!gisObjectType(layer, object)) continue;
-        gisReadRecord(layer, object, record);
+        record = gisReadRecord(layer, object, nItems);
         return true;
     }
     return false;

@@ -6,7 +6,6 @@
 #include "convert/run_settings.h"
 #include "gis/object.h"
 #include "text/free_format.h"
-#include "text/text.h"
 
 namespace vantelgis {
 
@@ -19,8 +18,9 @@ int createArchive(const RunSettings& settings, std::string_view sourceFile);
 /// Opens a layer for reading; it then stands at its first object.
 int openInputLayer(std::string_view name);
 
-/// Goes on to the next object of the layer and reads its record; false at the layer's end.
-bool nextObject(int layer, GisObject& object, TextRef record);
+/// Goes on to the next object of the layer and reads its record, of which `nItems` items are
+/// wanted (see gisReadRecord); false at the layer's end.
+bool nextObject(int layer, GisObject& object, std::string_view& record, int nItems);
 
 /// How many parts a line-like object has, each of which becomes a string of its own. That a
 /// combined polyline is taken apart is shown on the console.

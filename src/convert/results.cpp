@@ -1,5 +1,6 @@
 #include <cstddef>
-#include <vector>
+#include <deque>
+#include <string_view>
 
 #include "archive/writer.h"
 #include "convert/conversions.h"
@@ -25,7 +26,7 @@ struct Results {
     int archive = 0;
     int layer = 0;
     bool vectorData = false;
-    std::vector<D12Symbol> symbols;
+    std::deque<D12Symbol> symbols;  // a vector would be copied as it grows
 };
 
 // A type such as Char(254) or Decimal(10,3) has a number behind its first parenthesis.
@@ -76,8 +77,8 @@ void readValues(std::string_view record, bool withAngle, D12Symbol& symbol) {
 void readPoints(Results& run) {
     ObjectNodes nodes{kMaxNodes2d};
     GisObject object;
-    Line record;
-    while (nextObject(run.layer, object, record)) {
+    std::string_view record;
+    while (nextObject(run.layer, object, record, 2)) {
         if (object.kind != ObjectKind::point) continue;
         if (run.symbols.size() == kMaxResultPoints) {
             stopWith("", Joined<100>("ERROR - Exceeded maximum number of points, please contact ",

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <new>
-#include <vector>
 
 namespace vantelgis {
 
@@ -22,8 +21,8 @@ void growOrStop(Grow grow) {
 }
 
 /// Adds a row at the end of a table.
-template <typename Row>
-void addRow(std::vector<Row>& table, const Row& row) {
+template <typename Table>
+void addRow(Table& table, const typename Table::value_type& row) {
     growOrStop([&] { table.push_back(row); });
 }
 

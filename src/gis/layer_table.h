@@ -16,10 +16,9 @@ inline constexpr int kFamilies = 3;  ///< shape families of a layer: points, lin
 
 /// The MapInfo Interchange side of a layer.
 struct mifL_ {
-    Line line;                    ///< last line read by the object scanner, as read
-    Line rest;                    ///< what follows the keyword on that line
-    int mifUnit = 0;              ///< 0 when closed
-    int midUnit = 0;              ///< 0 when closed
+    std::string_view rest;  ///< behind the keyword found last; gone with the next read of its unit
+    int mifUnit = 0;        ///< 0 when closed
+    int midUnit = 0;        ///< 0 when closed
     std::string_view objectName;  ///< of the object written last, for a message
     int nAttr = 0;                ///< attribute fields in the tables below
     Text<32> attrName[kMaxMifFields];
@@ -62,6 +61,9 @@ struct dbfL_ {
     std::int32_t fieldDecimals[kMaxDbfFields] = {};
     Text<11> fieldName[kMaxDbfFields];
     char fieldType[kMaxDbfFields] = {};
+    Line row;                       ///< the record read last, as a line of text
+    std::vector<char> bytes;        ///< the record written last, with its mark
+    std::int64_t splitOfBytes = 0;  ///< the split from which its fields behind the first one come
 };
 
 enum class GisKind { none = 0, mif = 1, shp = 2 };

@@ -76,14 +76,10 @@ bool gisObjectType(int gisID, GisObject& object) {
                                       : shpObjectType(layer.shp[0], object);
 }
 
-void gisReadRecord(int gisID, const GisObject& object, TextRef record) {
+std::string_view gisReadRecord(int gisID, const GisObject& object, int nItems) {
     GisLayer& layer = usableLayer(gisID, "gisReadRecord");
-    record.clear();
-    if (layer.kind == GisKind::mif) {
-        midReadRecord(layer.mif.midUnit, object, record);
-    } else {
-        dbfReadRecord(layer.dbf[0], record);
-    }
+    return layer.kind == GisKind::mif ? midReadRecord(layer.mif.midUnit, object)
+                                      : dbfReadRecord(layer.dbf[0], nItems);
 }
 
 void gisReadObject(int gisID, const GisObject& object, ObjectNodes& nodes) {

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "gis/object.h"
-#include "text/text.h"
+#include "text/limits.h"
 
 namespace vantelgis {
 
@@ -25,8 +25,10 @@ void gisGotoBeginningOfData(int gisID);
 /// Finds the next object: its kind, counts and name. False when the end was reached.
 bool gisObjectType(int gisID, GisObject& object);
 
-/// Reads the attribute record of the object as one line of comma-separated text.
-void gisReadRecord(int gisID, const GisObject& object, TextRef record);
+/// Reads the attribute record of the object as one line of comma-separated text, which is good
+/// until the next one is read. Of a table's record only so much is put together that the line has
+/// its first `nItems` items.
+std::string_view gisReadRecord(int gisID, const GisObject& object, int nItems = kMaxDbfFields);
 
 /// Reads the coordinates of the object that gisObjectType announced; for a polyline of several
 /// parts those of its next part.

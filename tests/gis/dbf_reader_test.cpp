@@ -38,6 +38,30 @@ TEST(DbfReader, MakesALineOfARecord) {
               "none 1: |" + quoted + quoted + quoted + '"' + last.substr(0, 200) + "\n");
 }
 
+// A line of only as many items as are wanted, unless an item in quotes may go on behind them.
+TEST(DbfReader, EndsALineBehindTheItemsThatAreWanted) {
+    const std::string table =
+        dbfHeader(1, {{"N", 'N', 3}, {"C", 'C', 4}, {"M", 'N', 2}}) + " 1.5a, b 7";
+    const auto lineOf = [](std::string bytes, int nItems) {
+        std::string line;
+        consoleOf({{"a.shp", shpHeader(0, 1, {0, 0, 0, 0})}, {"a.dbf", std::move(bytes)}}, [&] {
+            const int layer = gisOpenLayer("a.shp");
+            gisReadHeader(layer);
+            line = gisReadRecord(layer, {}, nItems);
+        });
+        return line;
+    };
+    const std::string lines[] = {"1.5,", R"(1.5,"a, b",)", R"(1.5,"a, b", 7)"};
+    for (int n = 1; n <= 4; ++n) EXPECT_EQ(lineOf(table, n), lines[std::min(n, 3) - 1]);
+    std::string quoted = table;
+    quoted[quoted.find("a,")] = '"';
+    EXPECT_EQ(lineOf(quoted, 1), "1.5,");
+    EXPECT_EQ(lineOf(quoted, 2), R"(1.5,"", b", 7)");
+    quoted[quoted.find("1.5")] = '\'';
+    EXPECT_EQ(lineOf(quoted, 1), R"('.5,"", b", 7)");
+    EXPECT_EQ(lineOf(quoted.replace(quoted.find("'.5"), 3, 3, ' '), 1), ",");
+}
+
 TEST(DbfReader, TellsWhatIsWrongWithATable) {
     const std::string header = dbfHeader(1, {{"N", 'N', 2}});
     const std::string endOfHeader =

@@ -125,6 +125,26 @@ TEST(DbfWriter, FillsTheFieldsOfATable) {
             " x    y              -2" + std::string(198, ' ') + "-2" + '\x1a');
 }
 
+// The fields of a rest that was split before stand there already; what a line or a table in between
+// changes doesn't get lost.
+TEST(DbfWriter, KeepsTheFieldsOfAnEqualRest) {
+    constexpr FieldDefinition kFields[] = {{"A", "Char", 2}, {"B", "Char", 2}, {"C", "Char", 2}};
+    consoleOf({}, [&] {
+        const int layer = gisCreateLayer("out.shp", "PL", kFields);
+        for (const char* row : {"1,b,c", "22,b,c", ",b,c", "2*3,c", "4,c", "2*5,c", "6,b,c"})
+            write(layer, point, {1}, {1}, row);
+        for (const char* row : {"7,b,c", "8"}) write(layer, line, {1, 2}, {1, 2}, row);
+        for (const char* row : {"9,b,c", "0", "a", "b,,d"}) write(layer, point, {1}, {1}, row);
+        int closed = layer;
+        gisCloseLayer(closed);
+    });
+    constexpr std::size_t kHeader = 32 * 4 + 1;
+    EXPECT_EQ(left("out_P.dbf").substr(kHeader),
+              " 1 b c  22b c  22b c  3 3 c  4 c c  5 5 c  6 b c "
+              " 9 b c  0 b c  a b c  b b d \x1a");
+    EXPECT_EQ(left("out_L.dbf").substr(kHeader), " 7 b c  8 b c \x1a");
+}
+
 // Calls that the writers refuse, each in a run of its own.
 using Call = std::function<void()>;
 

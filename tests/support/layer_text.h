@@ -29,8 +29,7 @@ inline std::string layerText(memory::Files files, std::string_view name, std::in
         gisReadHeader(layer);
         while (!gisAtEnd(layer)) {
             if (!gisObjectType(layer, object)) continue;
-            Line record;
-            gisReadRecord(layer, object, record);
+            const std::string_view record = gisReadRecord(layer, object);
             text << kKinds[static_cast<int>(object.kind)] << ' ' << object.nParts << ':';
             const bool parts =
                 object.kind == ObjectKind::multiPolyline || object.kind == ObjectKind::multiPoint;
@@ -44,7 +43,7 @@ inline std::string layerText(memory::Files files, std::string_view name, std::in
             if (object.kind == ObjectKind::region)
                 for (const std::int32_t end : nodes.ringEnds) text << " e" << end;
             if (nodes.centreRead) text << " c" << nodes.xCentre << ' ' << nodes.yCentre;
-            text << " |" << record.view() << '\n';
+            text << " |" << record << '\n';
         }
         gisCloseLayer(layer);
     });

@@ -115,12 +115,11 @@ void walkLayer(LayersLook& all, LayerWalk& walk) {
     if (all.plan.conversion == Conversion::results) lookAtColumns(layer, all, walk);
     ObjectNodes& nodes = sharedNodes(walk.limit);
     GisObject object;
-    Line record;
     while (!gisAtEnd(layer) && goesOn(all, walk)) {
         walk.at = walk.objects + 1;
         if (!gisObjectType(layer, object)) continue;
         ++walk.objects;
-        gisReadRecord(layer, object, record);
+        const std::string_view record = gisReadRecord(layer, object);
         if (!isWanted(walk, object)) {
             ++walk.passedOver[static_cast<std::size_t>(object.kind)];
             continue;

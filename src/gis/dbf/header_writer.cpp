@@ -109,6 +109,8 @@ void dbfWriteHeader(FieldDefinitions fields, dbfL_& dbf) {
     const std::int64_t recordLength = defineFields(fields, dbf);
     putTableHeader(dbf, recordLength);
     dbf.recordLength = static_cast<std::int32_t>(recordLength);
+    dbf.bytes.assign(static_cast<std::size_t>(recordLength) + 1, ' ');  // the mark is a blank too
+    dbf.splitOfBytes = 0;
     for (std::size_t i = 0; i < static_cast<std::size_t>(dbf.nFields); ++i) putDescriptor(dbf, i);
     put(dbf.dbfUnit, {&kTerminator, 1});
     if (!emptied || !flushUnit(dbf.dbfUnit)) gisStop("ERROR 0413 - Writing .dbf file header.");

@@ -1,7 +1,8 @@
 #pragma once
 
+#include <string_view>
+
 #include "gis/layer_table.h"
-#include "text/text.h"
 
 namespace vantelgis {
 
@@ -13,8 +14,9 @@ namespace vantelgis {
 void dbfReadHeader(dbfL_& dbf);
 
 /// Reads the next record that is not deleted as one line of comma-separated text, character fields
-/// in double quotes. At the mark behind the last record `record` is blank, and a count that differs
-/// from the header's is warned of.
-void dbfReadRecord(dbfL_& dbf, TextRef record);
+/// in double quotes; it is the table's `row`. The line may end early, but not before it has its
+/// first `nItems` items and the comma behind them. At the mark behind the last record it is blank,
+/// and a count that differs from the header's is warned of.
+std::string_view dbfReadRecord(dbfL_& dbf, int nItems);
 
 }  // namespace vantelgis

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <numeric>
 #include <string_view>
 
 #include "gis/dbf/reader.h"
@@ -78,18 +79,31 @@ void addField(RecordLine& line, std::string_view bytes, char type) {
     line.endPiece();
 }
 
-void readActiveRecord(dbfL_& dbf, TextRef record) {
+bool hasQuotes(std::string_view text) {
+    return text.find('"') != std::string_view::npos || text.find('\'') != std::string_view::npos;
+}
+
+// Each field has an item at the least and none goes on behind its field's comma, but for one in
+// quotes where the field itself has some.
+int fieldsWithItems(const dbfL_& dbf, const char* bytes, int nItems) {
+    if (nItems >= dbf.nFields) return dbf.nFields;
+    const std::int32_t* const widths = dbf.fieldWidth;
+    const auto size = static_cast<std::size_t>(std::accumulate(widths, widths + nItems, 0));
+    return hasQuotes({bytes, size}) ? dbf.nFields : nItems;
+}
+
+void readActiveRecord(dbfL_& dbf, int nItems) {
     if (dbf.recordNo < std::numeric_limits<std::int32_t>::max()) ++dbf.recordNo;
     char gathered[kLongestRecord];
     const char* bytes = readFields(dbf, gathered);
-    RecordLine line(record);
-    for (int i = 0; i < dbf.nFields; ++i) {
-        if (i > 0) {
-            line.add(',');
-            line.endPiece();
-        }
+    const int nFields = fieldsWithItems(dbf, bytes, nItems);
+    RecordLine line(dbf.row);
+    for (int i = 0; i < nFields; ++i) {
         const auto width = static_cast<std::size_t>(dbf.fieldWidth[i]);
         addField(line, {bytes, width}, dbf.fieldType[i]);
+        if (i == dbf.nFields - 1) break;
+        line.add(',');
+        line.endPiece();
         bytes += width;
     }
 }
@@ -109,8 +123,8 @@ void meetEndMark(const dbfL_& dbf) {
 
 }  // namespace
 
-void dbfReadRecord(dbfL_& dbf, TextRef record) {
-    record.clear();
+std::string_view dbfReadRecord(dbfL_& dbf, int nItems) {
+    dbf.row.clear();
     char mark = readMark(dbf.dbfUnit);
     while (mark == kDeleted) {
         requireBytes(skipBytes(dbf.dbfUnit, dbf.recordLength));
@@ -118,10 +132,11 @@ void dbfReadRecord(dbfL_& dbf, TextRef record) {
     }
     switch (mark) {
         case kActive:
-        case kActiveToo: readActiveRecord(dbf, record); break;
+        case kActiveToo: readActiveRecord(dbf, nItems); break;
         case kEndMark: meetEndMark(dbf); break;
         default: stopAboutMark(mark);
     }
+    return dbf.row;
 }
 
 }  // namespace vantelgis

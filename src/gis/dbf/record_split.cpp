@@ -19,10 +19,11 @@ void skipBlanks(std::string_view& rest) {
 // Takes `n*`, saturated at `most`; 1 when the text begins otherwise.
 std::size_t takeRepeatCount(std::string_view& rest, std::size_t most) {
     std::size_t digits = 0;
-    std::size_t count = 0;
-    while (digits < rest.size() && isDigit(rest[digits]))
-        count = std::min(most, count * 10 + static_cast<std::size_t>(rest[digits++] - '0'));
+    while (digits < rest.size() && isDigit(rest[digits])) ++digits;
     if (digits == 0 || digits == rest.size() || rest[digits] != '*') return 1;
+    std::size_t count = 0;
+    for (const char digit : rest.substr(0, digits))
+        count = std::min(most, count * 10 + static_cast<std::size_t>(digit - '0'));
     rest.remove_prefix(digits + 1);
     return count;
 }
@@ -93,6 +94,7 @@ bool dbfSplitRecord(std::string_view line, std::size_t n, RecordItems& items) {
     std::span<RecordItem> left{items.items, n};
     if (!takeNext(line, left)) return false;
     if (sameItems(left, items.itemsOfRest) && items.rest == line) return true;
+    ++items.nSplits;
     items.rest = line;
     items.itemsOfRest = left;
     while (!left.empty())

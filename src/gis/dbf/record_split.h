@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -18,6 +19,7 @@ struct RecordItems {
     RecordItem items[kMaxDbfFields];
     Text<1000> rest;                    ///< of the line, behind its first item
     std::span<RecordItem> itemsOfRest;  ///< what it was split into
+    std::int64_t nSplits = 0;           ///< how often a rest was split
 };
 
 /// Splits a record line into the first `n` of the items. Commas or blanks separate; quotes hold

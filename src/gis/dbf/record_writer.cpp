@@ -27,29 +27,35 @@ RecordItems lastItems;
         row);
 }
 
-// Puts an item into its field, which is blank as yet: text to the left, numbers to the right. What
-// is too long is cut, numbers too.
+// Puts an item into its field, text to the left, numbers to the right. What is too long is cut,
+// numbers too.
 void placeField(char* field, std::string_view item, std::size_t width, char type) {
     const std::string_view value = withoutTrailingBlanks(item.substr(0, width));
     const bool left = type == 'C' || type == 'c';
+    std::memset(field, kBlank, width);
     std::memcpy(left ? field : field + width - value.size(), value.data(), value.size());
 }
 
-void putRecord(std::string_view row, const dbfL_& dbf) {
-    const auto n = static_cast<std::size_t>(dbf.nFields);
-    const std::size_t size = static_cast<std::size_t>(dbf.recordLength) + 1;
-    if (!dbfSplitRecord(row, n, lastItems)) stopUnsplit(row);
-    OpenFile& file = makeRoom(dbf.dbfUnit, size);
-    char* out = file.buffer + file.end;
-    file.end += size;
-    std::memset(out, kBlank, size);  // the mark of an active record is a blank too
-    ++out;
-    for (std::size_t i = 0; i < n; ++i) {
+// Puts the items into the fields of the table's record. Where those of the rest of the row come from
+// the very split that was made last, they stand there already.
+void composeRecord(dbfL_& dbf) {
+    const bool sameRest = dbf.splitOfBytes == lastItems.nSplits;
+    const std::size_t nChanged =
+        static_cast<std::size_t>(dbf.nFields) - (sameRest ? lastItems.itemsOfRest.size() : 0);
+    char* out = dbf.bytes.data() + 1;
+    for (std::size_t i = 0; i < nChanged; ++i) {
         const auto width = static_cast<std::size_t>(dbf.fieldWidth[i]);
         placeField(out, lastItems.items[i], width, dbf.fieldType[i]);
         out += width;
     }
-    if (file.failed) stopAboutRecord();
+    dbf.splitOfBytes = lastItems.nSplits;
+}
+
+void putRecord(std::string_view row, dbfL_& dbf) {
+    if (!dbfSplitRecord(row, static_cast<std::size_t>(dbf.nFields), lastItems)) stopUnsplit(row);
+    composeRecord(dbf);
+    put(dbf.dbfUnit, {dbf.bytes.data(), dbf.bytes.size()});
+    if (writeFailed(dbf.dbfUnit)) stopAboutRecord();
 }
 
 }  // namespace
@@ -66,6 +72,7 @@ void dbfWriteRecord(std::string_view row, dbfL_& dbf) {
 void dbfForgetItems() {
     for (RecordItem& item : lastItems.items) item.clear();
     lastItems.itemsOfRest = {};
+    ++lastItems.nSplits;  // what was made of the split before is out of date
 }
 
 void dbfFinish(dbfL_& dbf) {

@@ -74,6 +74,21 @@ void readCounts(std::string_view line, std::size_t c, GisObject& object) {
     }
 }
 
+// The letters with which one of the words begins: bit 0 stands for A. Most lines that no object
+// begins with begin with another one.
+constexpr std::uint32_t letterBit(char letter) {
+    return 1U << (toLower(letter) - 'a');
+}
+constexpr std::uint32_t kFirstLetters = [] {
+    std::uint32_t letters = letterBit(kCentre.front());
+    for (const Keyword& keyword : kKeywords) letters |= letterBit(keyword.word.front());
+    return letters;
+}();
+
+bool beginsAWord(char c) {
+    return isLetter(c) && (kFirstLetters & letterBit(c)) != 0;
+}
+
 // Looks for a keyword at column `c` of the line and moves `c` behind it. True if there is one, that
 // of a region's centre included.
 bool matchKeyword(std::string_view line, std::size_t& c, GisObject& object) {
@@ -107,11 +122,11 @@ std::string_view readScannedLine(int mifUnit) {
 }
 
 // The line of a count, one for each part.
-void readNextLine(int mifUnit, TextRef line) {
-    std::string_view text;
-    const ReadResult result = readLine(mifUnit, text);
+std::string_view readNextLine(int mifUnit) {
+    std::string_view line;
+    const ReadResult result = readLine(mifUnit, line);
     if (result != ReadResult::ok) requireNumber(result == ReadResult::end ? Item::end : Item::bad);
-    line.assign(text);
+    return line.substr(0, Line::capacity());
 }
 
 void readNode(int mifUnit, ObjectNodes& nodes, std::size_t i) {
@@ -153,9 +168,8 @@ void readPart(int mifUnit, std::string_view countText, ObjectNodes& nodes) {
 
 // Polygons close by themselves in a .mif: the first vertex isn't written again. With the second one
 // behind them they can be walked past the closing edge without a test.
-void readPolygon(int mifUnit, TextRef rest, ObjectNodes& nodes) {
-    readNextLine(mifUnit, rest);
-    const std::int32_t vertices = takeNodeCount(rest.view(), 0);
+void readPolygon(int mifUnit, ObjectNodes& nodes) {
+    const std::int32_t vertices = takeNodeCount(readNextLine(mifUnit), 0);
     const auto first = static_cast<std::size_t>(nodes.n);
     const std::int64_t n = std::int64_t{nodes.n} + vertices + 1;
     gisMifCheckNodes(n, nodes.maxNodes);
@@ -166,56 +180,54 @@ void readPolygon(int mifUnit, TextRef rest, ObjectNodes& nodes) {
     repeatSecondVertex(nodes, first, static_cast<std::size_t>(vertices));
 }
 
-// Reads on to the next line with an object keyword. `centreLast`: the line read last is a Center
-// clause, which is no object.
-void scanForObject(int mifUnit, TextRef line, TextRef rest, GisObject& object, bool& centreLast) {
-    line.clear();
+// Reads on to the next line with an object keyword and gives what follows that. `centreLast`: the
+// line read last is a Center clause, which is no object.
+std::string_view scanForObject(int mifUnit, GisObject& object, bool& centreLast) {
+    std::string_view rest;
     centreLast = false;
     while (object.kind == ObjectKind::unknown && !atEnd(mifUnit)) {
-        const std::string_view text = readScannedLine(mifUnit);
-        std::size_t c = firstTextColumn(text);
-        const bool matched = c < text.size() && isLetter(text[c]) && matchKeyword(text, c, object);
+        const std::string_view line = readScannedLine(mifUnit);
+        std::size_t c = firstTextColumn(line);
+        const bool matched =
+            c < line.size() && beginsAWord(line[c]) && matchKeyword(line, c, object);
         centreLast = matched && object.kind == ObjectKind::unknown;
-        if (!matched) continue;
-        line.assign(text);
-        rest.assign(text.substr(c));
+        rest = line.substr(c);
     }
+    return rest;
 }
 
 // A Center clause is seen only when it ends the file: the scan for it goes on to the next object.
-void readCentre(int mifUnit, TextRef rest, ObjectNodes& nodes) {
+void readCentre(int mifUnit, ObjectNodes& nodes) {
     GisObject next;
-    scanForObject(mifUnit, rest, rest, next, nodes.centreRead);
+    const std::string_view rest = scanForObject(mifUnit, next, nodes.centreRead);
     if (!nodes.centreRead) {
         backspaceUnit(mifUnit);
         return;
     }
-    FreeFormat list{rest.view()};
+    FreeFormat list{rest};
     requireNumber(takeReal(list, nodes.xCentre));
     requireNumber(takeReal(list, nodes.yCentre));
 }
 
-void readRegion(mifL_& layer, std::int32_t polygons, ObjectNodes& nodes) {
+void readRegion(int mifUnit, std::int32_t polygons, ObjectNodes& nodes) {
     constexpr int kFewestNodes = 5;
     nodes.n = 0;
     nodes.ringEnds.clear();
     for (std::int32_t i = 0; i < polygons; ++i) {
-        readPolygon(layer.mifUnit, layer.rest, nodes);
+        readPolygon(mifUnit, nodes);
         nodes.ringEnds.push_back(nodes.n - 1);
     }
     if (polygons < 1 || nodes.n < kFewestNodes)
         gisStop("ERROR 0318 - Less than 5 points for Region object in mif file.");
-    readCentre(layer.mifUnit, layer.rest, nodes);
+    readCentre(mifUnit, nodes);
 }
 
 }  // namespace
 
 bool gisMifObjectType(mifL_& layer, GisObject& object) {
     bool centreLast = false;
-    scanForObject(layer.mifUnit, layer.line, layer.rest, object, centreLast);
-    const bool found = object.kind != ObjectKind::unknown;
-    if (!found) layer.rest.clear();
-    return found;
+    layer.rest = scanForObject(layer.mifUnit, object, centreLast);
+    return object.kind != ObjectKind::unknown;
 }
 
 void gisMifReadObject(mifL_& layer, const GisObject& object, ObjectNodes& nodes) {
@@ -226,11 +238,9 @@ void gisMifReadObject(mifL_& layer, const GisObject& object, ObjectNodes& nodes)
         case ObjectKind::line:
         case ObjectKind::rect:
         case ObjectKind::roundRect: return readTwoNodes(layer.rest, nodes);
-        case ObjectKind::multiPolyline:
-            readNextLine(unit, layer.rest);
-            return readPart(unit, layer.rest, nodes);
+        case ObjectKind::multiPolyline: return readPart(unit, readNextLine(unit), nodes);
         case ObjectKind::polyline: return readPart(unit, layer.rest, nodes);
-        case ObjectKind::region: return readRegion(layer, object.nParts, nodes);
+        case ObjectKind::region: return readRegion(unit, object.nParts, nodes);
         case ObjectKind::arc:
         case ObjectKind::ellipse: nodes.n = 0; return;
         default: return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "gis/layer_table.h"
 #include "gis/object.h"
@@ -20,8 +21,7 @@ void gisMifReadHeader(mifL_& layer);
 void gisMifSkipToData(int mifUnit);
 
 /// Finds the next line with an object keyword: sets the kind, count and name of `object`, which is
-/// clear, the layer's `line` to that line and its `rest` to what follows the keyword. False, with
-/// `rest` blank, when the file ends without one.
+/// clear, and the layer's `rest` to what follows the keyword. False when the file ends without one.
 bool gisMifObjectType(mifL_& layer, GisObject& object);
 
 /// Reads the coordinates of the object (the next part of a multiPolyline, the next point of a
@@ -32,8 +32,8 @@ void gisMifReadObject(mifL_& layer, const GisObject& object, ObjectNodes& nodes)
 /// Stops with ERROR 0310 when `n` is above `maxNodes`.
 void gisMifCheckNodes(std::int64_t n, std::int32_t maxNodes);
 
-/// Reads the next line of a .mid as the attribute record of the object. The file must have one:
-/// else ERROR 0254, with the object's name.
-void midReadRecord(int midUnit, const GisObject& object, TextRef record);
+/// Reads the next line of a .mid, the attribute record of the object, as a view that is good until
+/// the next one. The file must have one: else ERROR 0254, with the object's name.
+std::string_view midReadRecord(int midUnit, const GisObject& object);
 
 }  // namespace vantelgis
