@@ -36,8 +36,8 @@ void placeField(char* field, std::string_view item, std::size_t width, char type
     std::memcpy(left ? field : field + width - value.size(), value.data(), value.size());
 }
 
-// Puts the items into the fields of the table's record. Where those of the rest of the row come from
-// the very split that was made last, they stand there already.
+// Puts the items into the fields of the table's record. Where those of the rest of the row come
+// from the very split that was made last, they stand there already.
 void composeRecord(dbfL_& dbf) {
     const bool sameRest = dbf.splitOfBytes == lastItems.nSplits;
     const std::size_t nChanged =
