@@ -15,38 +15,9 @@ import tempfile
 TOP = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(TOP / "cmake/toolkit"))
 from c_headers import all_routines  # noqa: E402
+from host_runs import HOST_RUNS, OPENED, RULE, TYPED  # noqa: E402
 
 RECORDS = {"DMESSAGES", "openerSettings"}
-RULE = "_" * 80 + "\n"
-OPENED = " Trying to open file levels.txt...OK. Opened File Unit:"
-CLOSE = "\nPress Enter to Close\n"
-# What the host shows at each run, and the files that it leaves.
-HOST_RUNS = {
-    "print": (f"before|{RULE}between|{RULE}behind\n" " Trying to open file theirs...OK.  File Unit:  10\n",
-              {"mine": "host", "theirs": "set\r\n"}),
-    "stop": (f" Trying to open file theirs...OK.  File Unit:  10\nstop|{CLOSE}[end][atexit]",
-             {"mine": "host", "theirs": "set\r\n"}),
-    "jump": ("\nERROR 0201 - Reading text line from file unit number   77\n" + CLOSE
-             + " Trying to open file x...OK.  File Unit:  21\n"
-             "\nERROR 0201 - Reading text line from file unit number   21\n" + CLOSE
-             + OPENED + "  21\n\nERROR - Writing file levels.txt\n" + CLOSE
-             + "\nERROR - Writing file unit 21\n" + CLOSE
-             + "\nInvalid number of polygons in region sent to inside_polygon routine [1] - contact "
-             "support@vantelgis.example\n" + CLOSE
-             + " Empty filename specified.  Bailing out.  Please contact support@vantelgis.example."
-             + CLOSE
-             + " Trying to open file nowhere/x... CHECK 0008 - \"nowhere/x\" cannot be found\n"
-             " Check file exists and press enter or enter another file name: "
-             "\nERROR - End of File encountered\n" + CLOSE
-             + "\nERROR - Can't open file: nowhere/x\n" + CLOSE
-             + "at end: 1\n" + OPENED + "  21\nat end: 0\n", {}),
-    "units": (OPENED + "  10\n Trying to open file both... Trying to open file own...OK.  File Unit:****\n"
-              "...Closed File Unit:  11\n Trying to open file both......Closed File Unit:  11\n"
-              "10 0 1.5\n...Closed File Unit:****\n Trying to open file next...OK.  File Unit:  11\n"
-              + OPENED + "  12\n12\n",
-              {"both": "first\r\nsecond\r\n", "own": "of the host\r\n", "next": "in the table\r\n"}),
-    "ask": ("host read one\n\nPress Enter to Continue\nhost read three\n\nPress Enter to Continue\n", {}),
-}
 READS = "reading levels.txt\n" + OPENED + " 101\n...Closed File Unit: 101\nsum 3.75\n"
 
 
@@ -108,11 +79,10 @@ def build_host(root, folder):
 
 def on_terminal(host, argument, folder):
     master, slave = pty.openpty()
-    with subprocess.Popen([host, argument], stdin=subprocess.PIPE, stdout=slave, stderr=subprocess.DEVNULL,
-                          cwd=folder) as process:
+    (folder / "typed").write_text(TYPED)
+    with open(folder / "typed", encoding="utf-8") as typed, subprocess.Popen(
+            [host, argument], stdin=typed, stdout=slave, stderr=subprocess.DEVNULL, cwd=folder):
         os.close(slave)
-        process.stdin.write(b"one\ntwo\nthree\n")
-        process.stdin.close()
         shown = b""
         try:
             while piece := os.read(master, 4096):
@@ -132,7 +102,7 @@ def check_host(host, folder):
                 shown = on_terminal(host, argument, folder)
             else:
                 with open(folder / "shown", "w+", encoding="utf-8") as out:
-                    done = subprocess.run([host, argument], input="one\ntwo\nthree\n", text=True, cwd=folder,
+                    done = subprocess.run([host, argument], input=TYPED, text=True, cwd=folder,
                                           stdout=out if where == "file" else subprocess.PIPE,
                                           stderr=subprocess.PIPE, check=True)
                 shown = (folder / "shown").read_text("utf-8") if where == "file" else done.stdout

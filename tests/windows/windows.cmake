@@ -16,3 +16,9 @@ add_test(NAME zip COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/windo
   "${CMAKE_CROSSCOMPILING_EMULATOR}")
 set_tests_properties(zip_packed PROPERTIES FIXTURES_SETUP zip)
 set_tests_properties(zip PROPERTIES FIXTURES_REQUIRED zip TIMEOUT 600)
+if(TARGET vantelgis_toolkit)
+  add_test(NAME library COMMAND Python3::Interpreter
+    ${CMAKE_CURRENT_SOURCE_DIR}/windows/library_test.py --build ${PROJECT_BINARY_DIR}
+    --compiler ${CMAKE_C_COMPILER} --launcher "${CMAKE_CROSSCOMPILING_EMULATOR}")
+  set_tests_properties(library PROPERTIES TIMEOUT 120 RESOURCE_LOCK build_folder)
+endif()
