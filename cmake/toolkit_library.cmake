@@ -47,6 +47,7 @@ else()
   set_target_properties(vantelgis_toolkit PROPERTIES LINK_DEPENDS ${toolkit_exports})
 endif()
 set_target_properties(vantelgis_toolkit PROPERTIES
+  FOUNDATION_SOURCES "${foundation_sources};${toolkit_sources}"
   EXPORT_NAME library
   VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR})
