@@ -34,9 +34,8 @@ struct D12StringHead {
 };
 void d12BeginString(int unit, const D12StringHead& head);
 
-/// Room for the line of a vertex or of a symbol's location, and for the lines of a symbol.
-inline constexpr std::size_t kVertexLineRoom = 160;
-inline constexpr std::size_t kSymbolRoom = 320;
+/// Room for the lines of many vertices or symbols at a time.
+inline constexpr std::size_t kLinesRoom = 16384;
 
 /// Begins the line of a vertex with its x and y; a third number may follow.
 void d12AddVertex(OutputLine& line, double x, double y);

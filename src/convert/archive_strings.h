@@ -6,6 +6,7 @@
 #include "archive/head.h"
 #include "archive/scanner.h"
 #include "archive/vertices.h"
+#include "gis/fields.h"
 #include "gis/object.h"
 #include "text/constant_field.h"
 #include "text/joined.h"
@@ -40,6 +41,7 @@ class ElevationRow {
     void setInRest(std::size_t i, char c) { row_.overwrite(kElevationWidth + i, {&c, 1}); }
 
     operator std::string_view() const { return row_; }
+    operator NumberRow() const { return {row_, kElevationWidth}; }
 
   private:
     static constexpr int kElevationWidth = 16;

@@ -26,7 +26,7 @@ struct Breaklines2d {
 
 void writeString(const Breaklines2d& run) {
     d12BeginString(run.archive, "2d", run.name);
-    OutputLine line{run.archive, kVertexLineRoom};
+    OutputLine line{run.archive, kLinesRoom};
     for (std::size_t i = 0; i < run.nodes.size(); ++i) {
         d12AddVertex(line, run.nodes.x[i], run.nodes.y[i]);
         line.end();

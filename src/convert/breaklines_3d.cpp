@@ -62,7 +62,7 @@ void readPoints(Breaklines3d& run) {
 void writeString(const Breaklines3d& run, std::span<const VertexElevation> elevations) {
     constexpr int kNameDigits = 8;
     d12BeginString(run.archive, "3d", ZeroPaddedText(run.counter, kNameDigits));
-    OutputLine line{run.archive, kVertexLineRoom};
+    OutputLine line{run.archive, kLinesRoom};
     for (std::size_t i = 0; i < elevations.size(); ++i) {
         d12AddVertex(line, run.nodes.x[i], run.nodes.y[i]);
         d12AddElevation(line, elevations[i].z);

@@ -34,7 +34,8 @@ void CheckLayer::addLine(const GisObject& object, const ObjectNodes& nodes, floa
 
 void CheckLayer::addPoint(double x, double y, float elevation) {
     nodes_.assign({&x, 1}, {&y, 1});
-    gisWritePoint(layer_, nodes_, 0, FixedText(static_cast<double>(elevation), 12, 4));
+    const FixedText z(static_cast<double>(elevation), 12, 4);
+    gisWritePoint(layer_, nodes_, 0, {z, std::string_view(z).size()});
     used_ = true;
 }
 

@@ -93,14 +93,14 @@ void readPoints(Results& run) {
 
 void writeLocations(const Results& run) {
     d12BeginLocations(run.archive);
-    OutputLine line{run.archive, kVertexLineRoom};
+    OutputLine line{run.archive, kLinesRoom};
     for (const D12Symbol& symbol : run.symbols) d12AddLocation(line, symbol);
     d12EndBlock(run.archive);
 }
 
 void writeSymbols(const Results& run) {
     d12BeginSymbols(run.archive);
-    OutputLine line{run.archive, kSymbolRoom};
+    OutputLine line{run.archive, kLinesRoom};
     for (const D12Symbol& symbol : run.symbols) d12AddSymbol(line, symbol);
     d12EndBlock(run.archive);
 }

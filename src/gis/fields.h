@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -13,5 +14,15 @@ struct FieldDefinition {
     std::int32_t width;     ///< of a Char or Decimal; below 1: none is written
 };
 using FieldDefinitions = std::span<const FieldDefinition>;
+
+/// An attribute row that begins with a number field: one word with no more than blanks before it.
+/// The rest of the row begins with its comma, or there is none. Rows that follow one another are
+/// written fastest when they have the same rest.
+struct NumberRow {
+    std::string_view text;
+    std::size_t numberWidth;
+    [[nodiscard]] std::string_view number() const { return text.substr(0, numberWidth); }
+    [[nodiscard]] std::string_view rest() const { return text.substr(numberWidth); }
+};
 
 }  // namespace vantelgis

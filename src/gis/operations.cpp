@@ -109,11 +109,11 @@ void gisWriteObject(int gisID, const GisObject& object, OutputNodes& nodes, std:
     }
 }
 
-void gisWritePoint(int gisID, const OutputNodes& nodes, std::size_t i, std::string_view row) {
+void gisWritePoint(int gisID, const OutputNodes& nodes, std::size_t i, const NumberRow& row) {
     GisLayer& layer = usableLayer(gisID, "gisWriteObject");
     if (i >= nodes.size()) stopShouldNotBeHere("gisWriteObject");
     if (layer.kind == GisKind::mif) {
-        gisMifWritePoint(layer.mif, nodes, i, row);
+        gisMifWritePoint(layer.mif, nodes, i, row.text);
     } else {
         shpWriteLayerPoint(layer, nodes, i, row);
     }

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "gis/fields.h"
 #include "gis/object.h"
 #include "text/limits.h"
 
@@ -43,6 +44,6 @@ bool gisAtEnd(int gisID);
 void gisWriteObject(int gisID, const GisObject& object, OutputNodes& nodes, std::string_view row);
 
 /// Writes a point at node `i` (from 0) of these nodes, and its row.
-void gisWritePoint(int gisID, const OutputNodes& nodes, std::size_t i, std::string_view row);
+void gisWritePoint(int gisID, const OutputNodes& nodes, std::size_t i, const NumberRow& row);
 
 }  // namespace vantelgis

@@ -78,11 +78,11 @@ TEST(MifWriter, GivesPointsTheTextOfTheirNode) {
         const std::vector<double> x{1234567890, 1}, y{-0.0000004, 2};
         OutputNodes nodes{x, y};
         int layer = gisCreateLayer("a", "L", {});
-        gisWritePoint(layer, nodes, 1, "before");
+        gisWritePoint(layer, nodes, 1, {"before", 6});
         gisWriteObject(layer, {polyline}, nodes, "line");
-        gisWritePoint(layer, nodes, 0, "behind");
+        gisWritePoint(layer, nodes, 0, {"behind", 6});
         nodes.assign(y, y);
-        gisWritePoint(layer, nodes, 0, "others");
+        gisWritePoint(layer, nodes, 0, {"others", 6});
         gisCloseLayer(layer);
     });
     const std::string all = left("a.mif"), first = "****************       -0.000000\r\n";

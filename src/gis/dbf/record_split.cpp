@@ -88,18 +88,30 @@ bool sameItems(std::span<RecordItem> a, std::span<RecordItem> b) {
     return a.data() == b.data() && a.size() == b.size();
 }
 
+// Splits what stands behind the first item into those that are left.
+bool splitRest(std::string_view rest, std::span<RecordItem> left, RecordItems& items) {
+    if (sameItems(left, items.itemsOfRest) && items.rest == rest) return true;
+    ++items.nSplits;
+    items.rest = rest;
+    items.itemsOfRest = left;
+    while (!left.empty())
+        if (!takeNext(rest, left)) return false;
+    return true;
+}
+
 }  // namespace
 
 bool dbfSplitRecord(std::string_view line, std::size_t n, RecordItems& items) {
     std::span<RecordItem> left{items.items, n};
-    if (!takeNext(line, left)) return false;
-    if (sameItems(left, items.itemsOfRest) && items.rest == line) return true;
-    ++items.nSplits;
-    items.rest = line;
-    items.itemsOfRest = left;
-    while (!left.empty())
-        if (!takeNext(line, left)) return false;
-    return true;
+    return takeNext(line, left) && splitRest(line, left, items);
+}
+
+// The number is a word, so that it is the first item as it stands.
+bool dbfSplitRecord(const NumberRow& row, std::size_t n, RecordItems& items) {
+    items.items[0] = withoutLeadingBlanks(row.number());
+    std::string_view rest = row.rest();
+    if (!rest.empty()) rest.remove_prefix(1);
+    return splitRest(rest, std::span(items.items, n).subspan(1), items);
 }
 
 }  // namespace vantelgis

@@ -5,6 +5,7 @@
 #include <span>
 #include <string_view>
 
+#include "gis/fields.h"
 #include "gis/layer_table.h"
 #include "text/text.h"
 
@@ -27,5 +28,6 @@ struct RecordItems {
 /// the item behind it n times; a slash ends the line. Items that the line leaves empty or does not
 /// reach keep their text. False for a line that makes no sense, which is a repeat count of 0.
 bool dbfSplitRecord(std::string_view line, std::size_t n, RecordItems& items);
+bool dbfSplitRecord(const NumberRow& row, std::size_t n, RecordItems& items);
 
 }  // namespace vantelgis

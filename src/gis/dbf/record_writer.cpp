@@ -51,22 +51,35 @@ void composeRecord(dbfL_& dbf) {
     dbf.splitOfBytes = lastItems.nSplits;
 }
 
-void putRecord(std::string_view row, dbfL_& dbf) {
-    if (!dbfSplitRecord(row, static_cast<std::size_t>(dbf.nFields), lastItems)) stopUnsplit(row);
+void putRecord(dbfL_& dbf) {
     composeRecord(dbf);
-    put(dbf.dbfUnit, {dbf.bytes.data(), dbf.bytes.size()});
-    if (writeFailed(dbf.dbfUnit)) stopAboutRecord();
+    OpenFile& file = makeRoom(dbf.dbfUnit, dbf.bytes.size());
+    std::memcpy(file.buffer + file.end, dbf.bytes.data(), dbf.bytes.size());
+    file.end += dbf.bytes.size();
+    if (file.failed) stopAboutRecord();
 }
 
-}  // namespace
-
-void dbfWriteRecord(std::string_view row, dbfL_& dbf) {
+void countRecord(dbfL_& dbf) {
     if (dbf.recordNo == std::numeric_limits<std::int32_t>::max()) {
         gisStop("ERROR 0419 - Exceeded dbf limit of 2,147,483,647 records.  Please contact ",
                 SUPPORT_ADDRESS, ".");
     }
     ++dbf.recordNo;
-    putRecord(row, dbf);
+}
+
+}  // namespace
+
+void dbfWriteRecord(std::string_view row, dbfL_& dbf) {
+    countRecord(dbf);
+    if (!dbfSplitRecord(row, static_cast<std::size_t>(dbf.nFields), lastItems)) stopUnsplit(row);
+    putRecord(dbf);
+}
+
+void dbfWriteRecord(const NumberRow& row, dbfL_& dbf) {
+    countRecord(dbf);
+    if (!dbfSplitRecord(row, static_cast<std::size_t>(dbf.nFields), lastItems))
+        stopUnsplit(row.text);
+    putRecord(dbf);
 }
 
 void dbfForgetItems() {

@@ -40,7 +40,7 @@ void shpWriteLayerObject(GisLayer& layer, const GisObject& object, const OutputN
 }
 
 void shpWriteLayerPoint(GisLayer& layer, const OutputNodes& nodes, std::size_t i,
-                        std::string_view row) {
+                        const NumberRow& row) {
     shpWritePoint(nodes.x()[i], nodes.y()[i], layer.shp[kPoints]);
     dbfWriteRecord(row, layer.dbf[kPoints]);
 }

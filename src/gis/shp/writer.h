@@ -37,7 +37,7 @@ void shpWriteLayerObject(GisLayer& layer, const GisObject& object, const OutputN
 
 /// Writes a point at node `i` (from 0) and its row to the set of points.
 void shpWriteLayerPoint(GisLayer& layer, const OutputNodes& nodes, std::size_t i,
-                        std::string_view row);
+                        const NumberRow& row);
 
 /// Puts what only the end can know into the headers of all sets, family by family, and closes the
 /// files that got an object. ERROR 0413 when a header can't be rewritten.

@@ -171,7 +171,7 @@ void ArchiveStringsWriter::requireFit(const Feature& feature, const Vertex& vert
 
 void ArchiveStringsWriter::writeVertices(const Feature& feature, std::span<const Vertex> vertices,
                                          bool is3d) {
-    OutputLine line{unit_, kVertexLineRoom};
+    OutputLine line{unit_, kLinesRoom};
     for (const Vertex& vertex : vertices) {
         requireFit(feature, vertex, is3d);
         d12AddVertex(line, vertex.x, vertex.y);
