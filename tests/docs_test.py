@@ -88,7 +88,7 @@ def main():
     for page in PAGES:
         for title, blocks in sections((TOP / "docs" / page).read_text("utf-8") + "\n"):
             count += check_section(page, title, blocks, program)
-    assert count >= 8, f"only {count} commands found"
+    assert count >= 7, f"only {count} commands found"
     print(f"{count} commands of the guide do what it says")
 
 
