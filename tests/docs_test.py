@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Runs the commands of the guide and compares what the pages show with what comes out.
 
-In a page's indented blocks a line that begins with the program's name is a command: it runs in a copy
-of examples/, with nobody at the console. The other indented lines of a section must appear, in
+In a page's indented blocks a line that begins with a program's name is a command: it runs in a copy of
+examples/, with nobody at the console. All programs lie beside the one that is named. The other indented lines of a section must appear, in
 their order within a block, in what the section's commands wrote; "..." stands for lines left out.
 """
 
@@ -16,7 +16,7 @@ import subprocess
 import tempfile
 
 TOP = pathlib.Path(__file__).resolve().parent.parent
-PAGES = ["conversions.md", "running.md", "limits.md", "gpkg.md"]
+PAGES = ["conversions.md", "running.md", "limits.md", "batch.md", "gpkg.md"]
 COMMANDS = ("vantelgis ", "vantelgis-batch ", "vantelgis-gpkg ")
 
 
@@ -28,18 +28,13 @@ def sections(page):
                                     for block in blocks]
 
 
-def run(command, folder, program):
+def run(command, folder, programs):
     words = shlex.split(command, comments=True)
-    if words[0] == "vantelgis":
-        words = [str(program), *words[1:]]
-    elif words[0] == "vantelgis-gpkg":
-        words = [str(program.parent / words[0]), *words[1:]]
-    else:
-        words = [str(TOP / "tools/vantelgis-batch"), "-p", str(program), *words[1:]]
+    program = words[0] = str(programs / words[0])
     done = subprocess.run(words, cwd=folder, stdin=subprocess.DEVNULL, capture_output=True,
                           text=True, timeout=60, check=False)
     assert done.returncode == 0, f"{command}: {done.stdout}{done.stderr}"
-    if words[0] == str(program):
+    if program == str(programs / "vantelgis"):
         assert "\nFinished.\n" in done.stdout, f"{command}:\n{done.stdout}"
     return done.stdout
 
@@ -62,7 +57,7 @@ def missing_line(block, texts):
     return worst
 
 
-def check_section(page, title, blocks, program):
+def check_section(page, title, blocks, programs):
     commands = [line for block in blocks for line in block if line.startswith(COMMANDS)]
     if not commands:
         return 0
@@ -70,7 +65,7 @@ def check_section(page, title, blocks, program):
         folder = pathlib.Path(name) / "examples"
         shutil.copytree(TOP / "examples", folder)
         before = {path: path.stat().st_mtime_ns for path in folder.rglob("*")}
-        texts = [run(command, folder, program) for command in commands]
+        texts = [run(command, folder, programs) for command in commands]
         texts += written(folder, before)
         for block in blocks:
             if block[0].startswith(COMMANDS):
@@ -83,12 +78,12 @@ def check_section(page, title, blocks, program):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--program", required=True)
-    program = pathlib.Path(os.path.abspath(parser.parse_args().program))
+    programs = pathlib.Path(os.path.abspath(parser.parse_args().program)).parent
     count = 0
     for page in PAGES:
         for title, blocks in sections((TOP / "docs" / page).read_text("utf-8") + "\n"):
-            count += check_section(page, title, blocks, program)
-    assert count >= 7, f"only {count} commands found"
+            count += check_section(page, title, blocks, programs)
+    assert count >= 8, f"only {count} commands found"
     print(f"{count} commands of the guide do what it says")
 
 

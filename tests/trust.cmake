@@ -1,8 +1,6 @@
 # What makes the program fit to be left alone: faults of the system and batch runs.
 
 if(NOT CMAKE_CROSSCOMPILING)
-  add_test(NAME batch COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/batch_test.py
-    --program $<TARGET_FILE:vantelgis>)
   add_test(NAME guide COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/docs_test.py
     --program $<TARGET_FILE:vantelgis>)
 

@@ -104,4 +104,11 @@ ConverterArguments readConverterArguments(const std::vector<std::string>& argume
     return result;
 }
 
+ConverterArguments packageArguments(const std::vector<std::string>& arguments) {
+    ConverterArguments result;
+    for (const std::string& argument : arguments)
+        result.options.push_back(statusOf(argument).isFile() ? fullName(argument) : argument);
+    return result;
+}
+
 }  // namespace vantelgis::batch

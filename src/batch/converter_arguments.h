@@ -47,4 +47,8 @@ struct ConverterArguments {
 
 ConverterArguments readConverterArguments(const std::vector<std::string>& arguments);
 
+/// The same for vantelgis-gpkg, whose options go to every run as they are; a file among them gets
+/// its full name.
+ConverterArguments packageArguments(const std::vector<std::string>& arguments);
+
 }  // namespace vantelgis::batch

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <set>
 #include <thread>
 
 #include "batch/files.h"
@@ -120,7 +121,8 @@ class Shift {
                 teller_.progress(crew_.inputs[place].number, valueIn(line));
             } else if (answer.member == kNoteMember) {
                 JsonReader json(valueIn(line));
-                teller_.note(json.text());
+                const std::string note = json.text();
+                if (notes_.insert(note).second) teller_.note(note);
             } else {
                 return take_(place, answer);
             }
@@ -135,6 +137,7 @@ class Shift {
     std::vector<WorkerProcess> workers_;
     std::atomic<std::size_t> next_ = 0;
     std::size_t busy_ = 0;
+    std::set<std::string> notes_;  // each is told once
     std::mutex mutex_;
     std::condition_variable done_;
 };

@@ -2,7 +2,9 @@
 
 #include <set>
 
+#include "batch/files.h"
 #include "batch/input_file.h"
+#include "batch/inputs/globs.h"
 #include "batch/json.h"
 #include "batch/processes.h"
 #include "batch/tell/reports.h"
@@ -105,11 +107,24 @@ class Joiner {
     std::set<int> seen_;
 };
 
+std::vector<std::string> namedReports(const std::vector<std::string>& names) {
+    std::vector<std::string> reports;
+    for (const std::string& name : names) {
+        if (statusOf(name).exists() || !isWildcard(name)) {
+            reports.push_back(name);
+            continue;
+        }
+        const std::vector<std::string> found = expandWildcard(name);
+        reports.insert(reports.end(), found.begin(), found.end());
+    }
+    return reports;
+}
+
 }  // namespace
 
 int mergeReports(const Options& options) {
     Joiner joiner;
-    for (const std::string& path : options.inputs)
+    for (const std::string& path : namedReports(options.inputs))
         if (const std::string fault = joiner.take(path); !fault.empty())
             return refuse("the report " + readable(path) + " can't be joined: " + fault);
     printTable(options, joiner.spool);

@@ -269,8 +269,6 @@ bool printWanted(const CLI::App& app, const Texts& texts, int& status) {
 bool readOptions(const std::vector<std::string>& arguments, Options& options, int& status) {
     const auto divide = std::find(arguments.begin(), arguments.end(), "--");
     std::vector<std::string> own(arguments.begin(), divide);
-    if (divide != arguments.end())
-        options.converter = readConverterArguments({divide + 1, arguments.end()});
     options.merge = !own.empty() && own.front() == "merge";
     if (options.merge) own.erase(own.begin());
     options.jobs = processorCount();
@@ -291,8 +289,12 @@ bool readOptions(const std::vector<std::string>& arguments, Options& options, in
         return refuse(error.what(), status);
     }
     if (printWanted(app, texts, status)) return false;
-    return takeInputs(app, options, status) && takeTexts(texts, options, status) &&
-           checkValues(options, status);
+    const std::vector<std::string> passed(divide == arguments.end() ? divide : divide + 1,
+                                          arguments.end());
+    if (!takeInputs(app, options, status) || !takeTexts(texts, options, status)) return false;
+    options.converter =
+        options.toGeoPackage ? packageArguments(passed) : readConverterArguments(passed);
+    return checkValues(options, status);
 }
 
 }  // namespace vantelgis::batch

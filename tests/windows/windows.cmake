@@ -5,10 +5,6 @@ add_test(NAME held_output COMMAND Python3::Interpreter
   ${CMAKE_CURRENT_SOURCE_DIR}/windows/held_output_test.py --program $<TARGET_FILE:vantelgis>
   --holder $<TARGET_FILE:hold_open> --launcher "${CMAKE_CROSSCOMPILING_EMULATOR}")
 set_tests_properties(held_output PROPERTIES TIMEOUT 120)
-add_test(NAME batch COMMAND Python3::Interpreter
-  ${CMAKE_CURRENT_SOURCE_DIR}/windows/batch_test.py --program $<TARGET_FILE:vantelgis>
-  --launcher "${CMAKE_CROSSCOMPILING_EMULATOR}")
-set_tests_properties(batch PROPERTIES TIMEOUT 120)
 # The zip as its users unpack it.
 add_test(NAME zip_packed COMMAND ${PROJECT_SOURCE_DIR}/tools/build-windows)
 add_test(NAME zip COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/windows/zip_test.py

@@ -110,4 +110,26 @@ ConsoleText readConsole(const std::string& file) {
     return reader.finish();
 }
 
+ConsoleText readPackageConsole(const std::string& file) {
+    constexpr std::string_view kFailure = "vantelgis-gpkg: ";
+    constexpr std::string_view kWarning = "warning: ";
+    InputFile input(file);
+    ConsoleText text;
+    std::string_view line;
+    while (input.nextLine(line)) {
+        line = line.substr(0, kLongestPiece);
+        if (line.starts_with(kFailure) && text.error.empty())
+            text.error = line.substr(kFailure.size());
+        if (line.starts_with(kWarning)) {
+            ++text.warningCount;
+            if (text.warnings.size() < kMostWarnings) text.warnings.emplace_back(line);
+        }
+        if (line.find(".gpkg: ") != std::string_view::npos)
+            text.converted = numberBehind(line, ".gpkg: ");
+        if (!line.empty()) text.lastLine = line;
+    }
+    text.finished = text.converted >= 0;
+    return text;
+}
+
 }  // namespace vantelgis::batch

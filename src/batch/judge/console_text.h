@@ -23,6 +23,9 @@ struct ConsoleText {
 /// Reads it in pieces, whatever its size.
 ConsoleText readConsole(const std::string& file);
 
+/// The same of vantelgis-gpkg: a verdict line, "warning: " and "vantelgis-gpkg: " with a failure.
+ConsoleText readPackageConsole(const std::string& file);
+
 /// The number behind the last `word` in `text`, -1 when there is none.
 std::int64_t numberBehindLast(std::string_view text, std::string_view word);
 

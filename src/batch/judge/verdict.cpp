@@ -98,7 +98,13 @@ void readResults(Case& run) {
     const Conversion conversion = run.plan.conversion;
     if (conversion == Conversion::strings) return readLayers(run, "");
     if (conversion == Conversion::sections) return readSections(run);
-    if (conversion == Conversion::geoPackage) return;
+    if (conversion == Conversion::geoPackage) {
+        run.facts.strings = run.console.converted;
+        const bool there =
+            statusOf(resultInScratch(run.outcome, run.scratch, run.plan.result)).size > 0;
+        if (!there) run.facts.fault = "it left no package";
+        return;
+    }
     run.facts = readArchiveResult(resultInScratch(run.outcome, run.scratch, run.plan.result),
                                   conversion == Conversion::results);
     if (conversion == Conversion::breaklines3d) readCheckLayers(run);
@@ -168,8 +174,7 @@ bool failedByConsole(Case& run, std::int64_t timeout) {
 void takeCounts(Case& run) {
     Record& record = run.record;
     const Conversion conversion = run.plan.conversion;
-    const bool fromArchive =
-        conversion == Conversion::strings || conversion == Conversion::sections;
+    const bool fromArchive = conversion >= Conversion::strings;
     record.converted =
         fromArchive ? std::max<std::int64_t>(0, run.console.converted) : run.facts.strings;
     if (run.facts.vertices > 0) record.vertices = run.facts.vertices;
@@ -183,7 +188,7 @@ void takeCounts(Case& run) {
 
 // The first thing that makes the result doubtful, in words; empty when there is none.
 std::string doubt(const Case& run, std::string& cure) {
-    if (run.facts.empty() && run.plan.conversion != Conversion::geoPackage) {
+    if (run.facts.empty()) {
         cure = "Look whether it is the right layer, and the right conversion.";
         return "The result is empty.";
     }
@@ -228,10 +233,11 @@ std::string resultInScratch(const RunOutcome& outcome, const Scratch& scratch,
 void judgeRun(const RunPlan& plan, const Look& look, const RunOutcome& outcome,
               const Scratch& scratch, std::int64_t timeout, Record& record) {
     Case run{plan, look, outcome, scratch, record, {}, {}};
-    run.console = readConsole(scratch.consoleName());
+    const bool package = plan.conversion == Conversion::geoPackage;
+    run.console =
+        package ? readPackageConsole(scratch.consoleName()) : readConsole(scratch.consoleName());
     record.seconds = outcome.seconds;
     record.exitStatus = outcome.end.status;
-    if (plan.conversion == Conversion::geoPackage) run.console.finished = outcome.end.status == 0;
     if (failedByConsole(run, timeout)) return;
     readResults(run);
     takeCounts(run);

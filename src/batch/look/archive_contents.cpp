@@ -133,6 +133,13 @@ bool endsWithinString(InputFile& file) {
     return false;
 }
 
+// -hip of the converter, whatever follows these letters, or --hip.
+bool isHipOption(std::string_view option) {
+    if (!option.starts_with('-')) return false;
+    option.remove_prefix(option.starts_with("--") ? 2 : 1);
+    return beginsWith(option, "hip");
+}
+
 void tellIgnored(const ArchiveLook& all) {
     std::int64_t total = 0;
     std::string kinds;
@@ -162,10 +169,7 @@ void lookAtArchive(const RunPlan& plan, const LookWish& wish, Look& look) {
     const std::string_view mark = file.bytesAt(0, 2);
     const bool utf16 = mark == "\xFE\xFF" || mark == "\xFF\xFE";
     if (!utf16 && !hasModelLine(file, all.sampled)) return look.find(Find::noModel);
-    const auto& options = plan.arguments;
-    const bool wantHip = std::any_of(options.begin(), options.end(), [](const std::string& option) {
-        return option.size() > 3 && beginsWith(std::string_view(option).substr(1), "hip");
-    });
+    const bool wantHip = std::any_of(plan.arguments.begin(), plan.arguments.end(), isHipOption);
     const ReaderStop stop = guarded([&] { readArchive(all, wantHip); });
     look.expected.objects = all.strings;
     look.box = all.coordinates.box();

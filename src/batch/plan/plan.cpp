@@ -122,7 +122,9 @@ void composeArguments(const Options& options, RunPlan& plan) {
     RunPlan byHand = plan;
     byHand.secondHasLines = !plan.second.empty() && plan.conversion != Conversion::strings;
     if (usualResult(options, byHand) == plan.result && !plan.link2.starts_with("2/")) return;
-    plan.arguments.insert(plan.arguments.end(), {"-out", linkName(plan.result)});
+    const bool package = plan.conversion == Conversion::geoPackage;
+    plan.arguments.insert(plan.arguments.end(),
+                          {package ? "--out" : "-out", linkName(plan.result)});
 }
 
 // The files of a layer by its main name.

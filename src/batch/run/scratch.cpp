@@ -1,5 +1,6 @@
 #include "batch/run/scratch.h"
 
+#include <chrono>
 #include <random>
 
 #include "batch/processes.h"
@@ -25,6 +26,12 @@ std::string baseOf(const std::string& target) {
     return inFolder(target, kBaseName);
 }
 
+bool isFresh(const std::string& file) {
+    constexpr std::int64_t kHour = std::int64_t{3600} * 1'000'000'000;
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::nanoseconds(now).count() - statusOf(file).changed < kHour;
+}
+
 // One folder that somebody left, by its lock.
 void cleanOne(const std::string& target, const std::string& lockName,
               std::vector<std::string>& notes) {
@@ -33,6 +40,7 @@ void cleanOne(const std::string& target, const std::string& lockName,
     const std::string owner = readWholeFile(lockPath, kMostOwnerText).value_or("");
     const std::string host = owner.substr(0, owner.find('\n'));
     if (!host.empty() && host != hostName()) {
+        if (isFresh(lockPath)) return;  // a share of this batch may run there
         notes.push_back(folder + " belongs to a batch on the host " + host +
                         ": it is left alone; remove it if none runs there");
         return;
