@@ -52,46 +52,44 @@ void InputFile::startLinesAt(std::int64_t place) {
     bytesAt(place, kBlock);
 }
 
+// Brings the rest of the line, or of the file, to the buffer's start and more behind it. False at
+// the end of the file.
+bool InputFile::readOn() {
+    if (filled_ > taken_) std::memmove(buffer_.data(), buffer_.data() + taken_, filled_ - taken_);
+    start_ += static_cast<std::int64_t>(taken_);
+    filled_ -= taken_;
+    taken_ = 0;
+    const std::int64_t behind = size_ - start_ - static_cast<std::int64_t>(filled_);
+    const auto more = static_cast<std::size_t>(
+        std::clamp<std::int64_t>(behind + 1, 1, static_cast<std::int64_t>(kBlock)));
+    buffer_.resize(std::max(buffer_.size(), std::min(filled_ + more, kMostAtOnce)));
+    if (!isOpen()) return false;
+    const std::int64_t got =
+        readFully(file_, buffer_.data() + filled_, std::min(kBlock, buffer_.size() - filled_));
+    failed_ = failed_ || got < 0;
+    if (got <= 0) return false;
+    filled_ += static_cast<std::size_t>(got);
+    return true;
+}
+
 bool InputFile::nextLine(std::string_view& line) {
     std::size_t searched = taken_;
     for (;;) {
-        const void* const found =
-            filled_ > searched ? std::memchr(buffer_.data() + searched, '\n', filled_ - searched)
-                               : nullptr;
-        const std::size_t end =
-            found == nullptr
-                ? filled_
-                : static_cast<std::size_t>(static_cast<const char*>(found) - buffer_.data());
+        const std::string_view unsearched(buffer_.data() + searched, filled_ - searched);
+        const std::size_t found = unsearched.find('\n');
         const bool full = taken_ == 0 && filled_ >= kMostAtOnce;
-        if (found == nullptr && !full) {
-            // The rest of the line, or of the file, goes to the buffer's start; more comes behind
-            // it.
-            if (filled_ > taken_)
-                std::memmove(buffer_.data(), buffer_.data() + taken_, filled_ - taken_);
-            start_ += static_cast<std::int64_t>(taken_);
-            filled_ -= taken_;
-            taken_ = 0;
-            searched = filled_;
-            const std::int64_t behind = size_ - start_ - static_cast<std::int64_t>(filled_);
-            const auto more = static_cast<std::size_t>(
-                std::clamp<std::int64_t>(behind + 1, 1, static_cast<std::int64_t>(kBlock)));
-            buffer_.resize(std::max(buffer_.size(), std::min(filled_ + more, kMostAtOnce)));
-            const std::int64_t got = isOpen()
-                                         ? readFully(file_, buffer_.data() + filled_,
-                                                     std::min(kBlock, buffer_.size() - filled_))
-                                         : 0;
-            failed_ = failed_ || got < 0;
-            if (got > 0) {
-                filled_ += static_cast<std::size_t>(got);
+        if (found == std::string_view::npos && !full) {
+            const std::size_t rest = filled_ - taken_;
+            if (readOn()) {
+                searched = rest;
                 continue;
             }
-            if (filled_ == 0) return false;
-            line = {buffer_.data(), filled_};
-            taken_ = filled_;
-        } else {
-            line = {buffer_.data() + taken_, end - taken_};
-            taken_ = end + (found == nullptr ? 0 : 1);
+            if (rest == 0) return false;
         }
+        const bool ended = found != std::string_view::npos;
+        const std::size_t end = ended ? searched + found : filled_;
+        line = {buffer_.data() + taken_, end - taken_};
+        taken_ = end + (ended ? 1 : 0);
         if (line.ends_with('\r')) line.remove_suffix(1);
         return true;
     }

@@ -37,6 +37,8 @@ class InputFile {
     }
 
   private:
+    bool readOn();
+
     vantelgis::platform::FileHandle file_;
     std::int64_t size_ = 0;
     std::int64_t start_ = 0;  // place in the file of the buffer's first byte

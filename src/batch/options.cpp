@@ -2,11 +2,11 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <charconv>
-#include <numeric>
 
 #include "batch/completion.h"
 #include "batch/help.h"
+#include "batch/nearest_option.h"
+#include "batch/option_values.h"
 #include "batch/plan/plan.h"
 #include "batch/processes.h"
 #include "batch/tell/output.h"
@@ -133,37 +133,6 @@ void addTellOptions(CLI::App& app, Options& options, Texts& texts) {
     app.add_flag("--worker", options.worker)->group("");
 }
 
-// Steps of one character that lead from one word to the other.
-std::size_t distance(std::string_view a, std::string_view b) {
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        std::size_t diagonal = row[0];
-        row[0] = i + 1;
-        for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t replaced = diagonal + (a[i] == b[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({row[j] + 1, row[j + 1] + 1, replaced});
-        }
-    }
-    return row.back();
-}
-
-std::string nearestOption(const CLI::App& app, std::string_view wrong) {
-    wrong = wrong.substr(0, wrong.find('='));
-    std::string nearest;
-    std::size_t best = wrong.size() / 2 + 1;
-    for (const CLI::Option* const option : app.get_options()) {
-        for (const std::string& name : option->get_lnames()) {
-            const std::size_t steps = distance(wrong, "--" + name);
-            if (steps >= best || option->get_group().empty()) continue;
-            best = steps;
-            nearest = "--" + name;
-        }
-    }
-    return nearest;
-}
-
 bool takeInputs(const CLI::App& app, Options& options, int& status) {
     for (const std::string& argument : app.remaining()) {
         if (argument.size() > 1 && argument.front() == '-') {
@@ -175,34 +144,6 @@ bool takeInputs(const CLI::App& app, Options& options, int& status) {
         }
         options.inputs.push_back(argument);
     }
-    return true;
-}
-
-bool takeInteger(std::string_view text, int& value) {
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-    return result.ec == std::errc{} && result.ptr == text.data() + text.size();
-}
-
-bool takeShard(std::string_view text, Options& options) {
-    const std::size_t slash = text.find('/');
-    return slash != std::string_view::npos && takeInteger(text.substr(0, slash), options.shard) &&
-           takeInteger(text.substr(slash + 1), options.shards) && options.shard >= 1 &&
-           options.shard <= options.shards;
-}
-
-bool takePair(const std::string& text, Options& options) {
-    const std::size_t equals = text.find('=');
-    if (equals == 0 || equals == std::string::npos || equals + 1 == text.size()) return false;
-    if (text.find('=', equals + 1) != std::string::npos) return false;
-    options.pairs.emplace_back(text.substr(0, equals), text.substr(equals + 1));
-    return true;
-}
-
-bool takeProgress(std::string_view text, Options& options) {
-    constexpr std::string_view kNames[] = {"auto", "lines", "json", "none"};
-    const auto found = std::find(std::begin(kNames), std::end(kNames), text);
-    if (found == std::end(kNames)) return false;
-    options.progress = static_cast<Progress>(found - std::begin(kNames));
     return true;
 }
 

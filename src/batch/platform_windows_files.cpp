@@ -215,30 +215,6 @@ bool isWritable(const std::string& folder) {
     return attributes != INVALID_FILE_ATTRIBUTES;
 }
 
-bool LockFile::create(const std::string& path, std::string_view text) {
-    file_ = openAs(path, GENERIC_READ | GENERIC_WRITE | DELETE, FILE_SHARE_READ, CREATE_NEW,
-                   FILE_ATTRIBUTE_NORMAL);
-    path_ = path;
-    return file_ != kNoFile && vantelgis::platform::writeFile(file_, text.data(), text.size());
-}
-
-bool LockFile::take(const std::string& path) {
-    file_ = openAs(path, GENERIC_READ | GENERIC_WRITE | DELETE, FILE_SHARE_READ, OPEN_EXISTING,
-                   FILE_ATTRIBUTE_NORMAL);
-    path_ = path;
-    return file_ != kNoFile;
-}
-
-void LockFile::removeAndRelease() {
-    release();
-    removeFile(path_);
-}
-
-void LockFile::release() {
-    closeHandle(file_);
-    file_ = kNoFile;
-}
-
 std::string lastFailure() {
     const DWORD error = GetLastError();
     wchar_t text[512];

@@ -99,11 +99,10 @@ void Overview::add(const Record& record) {
         placed_.push_back({record.number, frame.west, frame.north, frame.side});
 }
 
-std::string Overview::view() const {
-    if (placed_.size() < 2) return {};
-    // A layer in another coordinate system would leave all others no room: what lies far off from
-    // most is not drawn.
-    std::vector<double> xs, ys, sides;
+// A layer in another coordinate system would leave all others no room: what lies far off from most
+// is not drawn.
+std::vector<Overview::Placed> Overview::together() const {
+    std::vector<double> xs, ys, sides, distances;
     for (const Placed& one : placed_) {
         xs.push_back(one.west + one.side / 2);
         ys.push_back(one.north - one.side / 2);
@@ -111,25 +110,27 @@ std::string Overview::view() const {
     }
     const double x = middleOf(xs);
     const double y = middleOf(ys);
-    std::vector<double> distances;
     for (std::size_t i = 0; i < xs.size(); ++i)
         distances.push_back(std::hypot(xs[i] - x, ys[i] - y));
     const double reach = 20 * (middleOf(distances) + middleOf(sides));
+    std::vector<Placed> near;
+    for (std::size_t i = 0; i < placed_.size(); ++i)
+        if (distances[i] <= reach && sides[i] <= reach) near.push_back(placed_[i]);
+    return near;
+}
+
+std::string Overview::view() const {
+    if (placed_.size() < 2) return {};
+    const std::vector<Placed> near = together();
+    if (near.size() < 2) return {};
     Box box;
-    std::size_t shown = 0;
-    for (std::size_t i = 0; i < placed_.size(); ++i) {
-        if (distances[i] > reach || sides[i] > reach) continue;
-        const Placed& one = placed_[i];
+    for (const Placed& one : near) {
         box.add(one.west, one.north - one.side);
         box.add(one.west + one.side, one.north);
-        ++shown;
     }
-    if (shown < 2) return {};
     const double side = std::max(box.xMax - box.xMin, box.yMax - box.yMin);
     std::string view = svgStart((box.yMax - box.yMin) / side * 1000);
-    for (std::size_t i = 0; i < placed_.size(); ++i) {
-        if (distances[i] > reach || sides[i] > reach) continue;
-        const Placed& one = placed_[i];
+    for (const Placed& one : near) {
         char use[200];
         std::snprintf(use, sizeof use,
                       "<use href=\"#r%lld\" transform=\"translate(%.2f %.2f) scale(%.6f)\"/>",
@@ -138,8 +139,8 @@ std::string Overview::view() const {
         view += use;
     }
     view += "</svg>";
-    if (shown < placed_.size())
-        view += "<p>" + std::to_string(placed_.size() - shown) +
+    if (near.size() < placed_.size())
+        view += "<p>" + std::to_string(placed_.size() - near.size()) +
                 " inputs lie far off and are not drawn here.</p>";
     return view;
 }

@@ -27,6 +27,8 @@ class Overview {
         std::int64_t number;
         double west, north, side;
     };
+    [[nodiscard]] std::vector<Placed> together() const;
+
     std::vector<Placed> placed_;
 };
 
