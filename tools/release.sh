@@ -15,6 +15,7 @@ mkdir -p dist
 # pack_zip STAGE NAME, pack_tar STAGE NAME: the folder STAGE/NAME becomes dist/NAME.zip, .tar.gz.
 pack_zip() {
     rm -f "dist/$2.zip"
+    chmod -R u=rwX,go=rX "$1/$2"
     find "$1/$2" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +
     local zip=$PWD/dist/$2.zip
     (cd "$1" && find "$2" -type f | sort | zip -q -X -9 "$zip" -@)
@@ -22,6 +23,7 @@ pack_zip() {
 }
 
 pack_tar() {
+    chmod -R u=rwX,go=rX "$1/$2"
     tar -C "$1" --sort=name --mtime="@$SOURCE_DATE_EPOCH" --owner=0 --group=0 --numeric-owner \
         -c "$2" | gzip -n -9 >"dist/$2.tar.gz"
     echo "Packed dist/$2.tar.gz"

@@ -18,7 +18,8 @@ import tempfile
 
 TOP = pathlib.Path(__file__).resolve().parents[2]
 PACKED = ["vantelgis_{0}_amd64.deb", "vantelgis-dev_{0}_amd64.deb",
-          "vantelgis-{0}-linux-x86_64.tar.gz", "vantelgis-{0}-windows-x64.zip"]
+          "vantelgis-{0}-linux-x86_64.tar.gz", "vantelgis-{0}-windows-x64.zip",
+          "vantelgis-qgis-{0}.zip"]
 
 
 def output(*command, **options):
