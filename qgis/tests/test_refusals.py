@@ -1,51 +1,52 @@
-"""What Processing lets through is refused with the parameter, the layer and the cure; and a run that
-fails or is cancelled leaves the old result."""
+"""What Processing lets through is refused with the parameter, the layer and the cure; and a run
+that fails or is cancelled leaves the old result."""
 
+import json
 import os
-import pathlib
 import shutil
 import subprocess
 import sys
 import time
 import unittest
 
-from qgis.core import QgsProcessingException
+from support import (DEGREES, EXAMPLES, FOLDER, MGA55, PLUGINS, PROGRAMS, ROOT, SITE, ZIP, Log,
+                     layer, refused, run)
 
-from support import (DEGREES, EXAMPLES, FOLDER, MGA55, PLUGINS, PROGRAMS, Log, ProcessingConfig, layer,
-                     refused, run)
+from processing.core.ProcessingConfig import ProcessingConfig
+from qgis.core import QgsProcessingException
 
 LINES = layer("LineString", "n:string z:double", ("LineString(0 0, 3 4)", "a", 1))
 POINTS = layer("Point", "n:string v:double", ("Point(0 0)", "a", 1), name="pits")
-EAST = layer("LineString", "n:string", ("LineString(147 -36, 147 -91)", "pole"), system=DEGREES, name="east")
+POLE = layer("LineString", "", ("LineString(147 -36, 147 -91)",), system=DEGREES, name="pole")
 LONG = layer("LineString", "z:double", (
     "LineString(" + ",".join(f"{x} 0" for x in range(100_001)) + ")", 1), name="long")
 FAR = layer("Point", "v:double", ("Point(0 0)", 1e6), name="far")
+# Algorithm, INPUT, the other parameters, and the words of the refusal.
+REFUSALS = (
+    ("breaklines2d", POINTS, {}, 'INPUT ("pits"): the layer has points'),
+    ("breaklines2d", LINES, {"NAME": "no"}, 'NAME ("roads"): there is no field "no"'),
+    ("breaklines2d", LINES, {"CRS": "EPSG:999999"}, 'CRS ("roads"): there is no such'),
+    ("breaklines2d", LINES, {"CRS": DEGREES}, "counts in degrees"),
+    ("breaklines2d", POLE, {}, "an archive needs a projected one"),
+    ("breaklines2d", POLE, {"CRS": MGA55}, 'INPUT ("pole"): a vertex of feature 1 has no place'),
+    ("breaklines2d", LINES, {"NMAE": "n"}, "NMAE: breaklines2d has no such parameter"),
+    ("breaklines2d", "gone", {}, 'INPUT ("gone"): this layer can\'t be opened'),
+    ("breaklines3d", LINES, {}, "POINTS or ELEVATION"),
+    ("breaklines3d", LINES, {"ELEVATION": "n"}, 'ELEVATION ("roads"): the field "n" is of the'),
+    ("breaklines3d", LINES, {"POINTS": POINTS}, 'POINT_ELEVATION ("pits"): the points have no Z'),
+    ("breaklines3d", LINES, {"POINTS": LINES, "ELEVATION": "z"}, 'POINTS ("roads"): the layer has'),
+    ("breaklines3d", LONG, {"ELEVATION": "z"}, 'INPUT ("long"): feature 1 has a line of 100001'),
+    ("results", POINTS, {"VALUE": "n"}, "to_real"),
+    ("results", FAR, {"VALUE": "v"}, "too long for their columns"),
+    ("archivetolayers", "none.12da", {}, "no such file"),
+    ("archivetolayers", __file__, {}, "extension .12da or .4da"),
+    ("openarchive", SITE, {"CRS": DEGREES}, "counts in degrees"),
+    ("layerstoarchive", [POINTS], {}, 'INPUT ("pits"): the layer has points'),
+    ("layerstoarchive", [LINES], {"COLOUR": "no"}, 'COLOUR ("roads"): none of the layers'),
+    ("layerstoarchive", [LINES, "gone"], {}, "INPUT: a layer can't be opened"),
+)
 # The script of Debian 12 adds an option that the program itself doesn't know.
 QGIS_PROCESS = shutil.which("qgis_process.bin") or "qgis_process"
-ARCHIVE = str(EXAMPLES / "site.12da")
-REFUSALS = (
-    ("breaklines2d", dict(INPUT=POINTS), 'INPUT ("pits"): the layer has points'),
-    ("breaklines2d", dict(INPUT=LINES, NAME="no"), 'NAME ("roads"): there is no field "no"'),
-    ("breaklines2d", dict(INPUT=LINES, CRS="EPSG:999999"), 'CRS ("roads"): there is no such'),
-    ("breaklines2d", dict(INPUT=LINES, CRS=DEGREES), "counts in degrees"),
-    ("breaklines2d", dict(INPUT=EAST), "an archive needs a projected one"),
-    ("breaklines2d", dict(INPUT=EAST, CRS=MGA55), 'INPUT ("east"): a vertex of feature 1 has no place'),
-    ("breaklines2d", dict(INPUT=LINES, NMAE="n"), "NMAE: breaklines2d has no such parameter"),
-    ("breaklines2d", dict(INPUT="gone"), 'INPUT ("gone"): this layer can\'t be opened'),
-    ("breaklines3d", dict(INPUT=LINES), "POINTS or ELEVATION"),
-    ("breaklines3d", dict(INPUT=LINES, ELEVATION="n"), 'ELEVATION ("roads"): the field "n" is of the type'),
-    ("breaklines3d", dict(INPUT=LINES, POINTS=POINTS), 'POINT_ELEVATION ("pits"): the points have no Z'),
-    ("breaklines3d", dict(INPUT=LINES, POINTS=LINES, ELEVATION="z"), 'POINTS ("roads"): the layer has lines'),
-    ("breaklines3d", dict(INPUT=LONG, ELEVATION="z"), 'INPUT ("long"): feature 1 has a line of 100001'),
-    ("results", dict(INPUT=POINTS, VALUE="n"), "to_real"),
-    ("results", dict(INPUT=FAR, VALUE="v"), "too long for their columns"),
-    ("archivetolayers", dict(INPUT="none.12da", LINES="memory:", POINTS="memory:"), "no such file"),
-    ("archivetolayers", dict(INPUT=__file__, LINES="memory:", POINTS="memory:"), "extension .12da or .4da"),
-    ("openarchive", dict(INPUT=ARCHIVE, CRS=DEGREES), "counts in degrees"),
-    ("layerstoarchive", dict(INPUT=[POINTS]), 'INPUT ("pits"): the layer has points'),
-    ("layerstoarchive", dict(INPUT=[LINES], COLOUR="no"), 'COLOUR ("roads"): none of the layers'),
-    ("layerstoarchive", dict(INPUT=[LINES, "gone"]), "INPUT: a layer can't be opened"),
-)
 
 
 def scratch_folders():
@@ -58,19 +59,20 @@ class Refusals(unittest.TestCase):
 
     def test_words_and_old_results(self):
         old = FOLDER / "old.12da"
-        for algorithm, parameters, words in REFUSALS:
+        for algorithm, given, parameters, words in REFUSALS:
             with self.subTest(words):
                 old.write_text("old")
-                if not algorithm.startswith("archiveto"):
-                    parameters = dict(parameters, OUTPUT=str(old))
-                self.assertIn(words, refused(algorithm, **parameters))
+                if algorithm != "archivetolayers":
+                    parameters = parameters | {"OUTPUT": str(old)}
+                self.assertIn(words, refused(algorithm, INPUT=given, **parameters))
                 self.assertEqual(old.read_text(), "old")
         self.assertEqual(scratch_folders(), [])
 
     def test_output_that_cannot_be_written(self):
         blocked = FOLDER / "file"
         blocked.write_text("")
-        self.assertIn("can't be written", refused("breaklines2d", INPUT=LINES, OUTPUT=f"{blocked}/x.12da"))
+        self.assertIn("can't be written",
+                      refused("breaklines2d", INPUT=LINES, OUTPUT=f"{blocked}/x.12da"))
 
 
 class Running(unittest.TestCase):
@@ -118,24 +120,30 @@ class Running(unittest.TestCase):
         run("breaklines2d", INPUT=LINES)
 
 
-class FromTheShell(unittest.TestCase):
-    """qgis_process, in a profile of its own that has the plugin."""
+class Outside(unittest.TestCase):
+    """Whole programs of QGIS in a profile of their own."""
 
-    def test_status_and_words(self):
-        profile = FOLDER / "profiles" / "default"
-        shutil.copytree(PLUGINS, profile / "python" / "plugins")
-        (profile / "QGIS").mkdir()
-        (profile / "QGIS" / "QGIS3.ini").write_text("[PythonPlugins]\nvantelgis=true\n")
-        environment = dict(os.environ, QGIS_CUSTOM_CONFIG_PATH=str(FOLDER))
-        for field, status, words in (("NAME", 0, "Converted: 3"), ("no", 1, 'NAME ("kerb"): there is no field "no"')):
+    def test_window(self):
+        picture = os.environ.get("VANTELGIS_PICTURE", str(FOLDER / "window.png"))
+        found = subprocess.run([ROOT / "tools" / "draw-qgis-window", ZIP, picture], check=True,
+                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE).stdout
+        self.assertEqual(json.loads(found), {
+            "layers": [["site", 7, "categorizedSymbol"]],
+            "actions": [["Save layer as 12d archive…", True]], "picture": True})
+
+    def test_status_and_words_of_qgis_process(self):
+        environment = dict(os.environ, QGIS_CUSTOM_CONFIG_PATH=str(FOLDER / "profile"),
+                           QGIS_PLUGINPATH=str(PLUGINS))
+        subprocess.run([QGIS_PROCESS, "plugins", "enable", "vantelgis"], env=environment, check=True,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        for field, status, words in (("NAME", 0, "Converted: 3"),
+                                     ("no", 1, 'NAME ("kerb"): there is no field "no"')):
             output = FOLDER / f"shell_{field}.12da"
             ended = subprocess.run(
-                [QGIS_PROCESS, "run", "vantelgis:breaklines2d", f"INPUT={EXAMPLES}/kerb.shp", f"NAME={field}",
-                 "CRS=EPSG:28356", f"OUTPUT={output}"], env=environment, stdin=subprocess.DEVNULL, text=True,
-                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False)
-            self.assertEqual((ended.returncode, output.exists()), (status, status == 0), ended.stdout)
+                [QGIS_PROCESS, "run", "vantelgis:breaklines2d", f"INPUT={EXAMPLES}/kerb.shp",
+                 f"NAME={field}", "CRS=EPSG:28356", f"OUTPUT={output}"], env=environment, text=True,
+                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                check=False)
+            self.assertEqual((ended.returncode, output.exists()), (status, status == 0),
+                             ended.stdout)
             self.assertIn(words, ended.stdout)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -6,7 +6,7 @@ from .provider import Provider
 
 
 class Plugin:
-    """Adds the provider everywhere, and the ways to open and save by hand where there is a window."""
+    """Adds the provider everywhere, and ways to open and save by hand where there is a window."""
 
     def __init__(self, iface):
         self._iface = iface

@@ -3,7 +3,8 @@
 import os
 
 from qgis.core import (QgsCoordinateReferenceSystem, QgsProcessingAlgorithm,
-                       QgsProcessingException, QgsProcessingParameterCrs, QgsProcessingParameterFile,
+                       QgsProcessingException, QgsProcessingParameterCrs,
+                       QgsProcessingParameterFile,
                        QgsProcessingParameterFileDestination)
 from qgis.PyQt.QtGui import QIcon
 

@@ -40,27 +40,30 @@ class Breaklines2d(Algorithm):
 
     def processAlgorithm(self, parameters, context, feedback):
         source = source_of(self, parameters, "INPUT", context, LINES_OR_POLYGONS)
-        field = self._name_field(parameters, context, source)
         target = self.target_system(parameters, context, source)
         output = self.parameterAsFileOutput(parameters, "OUTPUT", context)
         steps = QgsProcessingMultiStepFeedback(2, feedback)
         with scratch_folder() as folder:
             reader = Reader("INPUT", source, target, context, steps)
-            names = Names()
-            table = tables.Table(f"{folder}/lines.shp", tables.LINES,
-                                 [tables.text_field("NAME", LONGEST_NAME)])
-            for feature, lines in reader.lines([field], LONGEST_LINE, refuse_longer=False):
-                table.add(lines, [names.of(feature[field]) if field >= 0 else ""])
-            table.close()
-            reader.report("lines")
-            names.report(feedback)
+            _prepare(f"{folder}/lines.shp", reader, self._name_field(parameters, context, source))
             systems.write_system(f"{folder}/Header.prj", target)
             steps.setCurrentStep(1)
-            record = batch.convert(["lines.shp", "--", "-model", source.sourceName()], folder, steps,
-                                   reader.taken)
+            record = batch.convert(["lines.shp", "--", "-model", source.sourceName()], folder,
+                                   steps, reader.taken)
             put_in_place(record["output"], output)
         return {"OUTPUT": output}
 
     def _name_field(self, parameters, context, source):
         name = self.parameterAsString(parameters, "NAME", context)
         return check_field("NAME", source.sourceName(), source.fields(), name)
+
+
+def _prepare(path, reader, field):
+    """Writes the lines and their names as the converter takes them."""
+    table = tables.Table(path, tables.LINES, [tables.text_field("NAME", LONGEST_NAME)])
+    names = Names()
+    for feature, lines in reader.lines([field], LONGEST_LINE, refuse_longer=False):
+        table.add(lines, [names.of(feature[field]) if field >= 0 else ""])
+    table.close()
+    reader.report("lines")
+    names.report(reader.feedback)

@@ -1,6 +1,7 @@
 """Fields that a dialog chooses beforehand, by what they are called."""
 
-ELEVATIONS = ["z", "elevation", "elev", "rl", "level", "height", "altitude", "ele", "alt", "hgt", "h"]
+ELEVATIONS = ["z", "elevation", "elev", "rl", "level", "height", "altitude", "ele", "alt", "hgt",
+              "h"]
 VALUES = ["value", "result", "velocity", "speed", "vel", "v", "depth", "d", *ELEVATIONS]
 ANGLES = ["angle", "rotation", "bearing", "direction", "dir"]
 WIDGET = __name__.rsplit(".", 2)[0] + ".gui.preset_field.PresetField"

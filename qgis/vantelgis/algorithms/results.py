@@ -2,15 +2,20 @@
 
 from qgis.core import (QgsProcessing, QgsProcessingMultiStepFeedback,
                        QgsProcessingParameterFeatureSource, QgsProcessingParameterField)
-from ..layers import systems, tables
+
+from ..layers import systems
+from ..layers.points import write_points
 from ..layers.reading import Reader
 from ..layers.sources import POINTS_ONLY, check_field, source_of
-from ..layers.values import number_of
 from ..programs import batch
 from ..programs.scratch import put_in_place, scratch_folder
 from .algorithm import Algorithm
 from .groups import TO_ARCHIVE
 from .presets import ANGLES, VALUES, preset
+
+# Parameters, and the fields of the prepared table: the converter takes a second field as the
+# rotation of an arrow if its name says so.
+FIELDS = ("VALUE", "ANGLE")
 
 
 class Results(Algorithm):
@@ -22,15 +27,13 @@ class Results(Algorithm):
     ICON = "to_archive.svg"
 
     def initAlgorithm(self, _configuration=None):
+        numeric = QgsProcessingParameterField.Numeric
         self.addParameter(QgsProcessingParameterFeatureSource(
             "INPUT", "Points", [QgsProcessing.TypeVectorPoint]))
         self.addParameter(preset(QgsProcessingParameterField(
-            "VALUE", "Value", parentLayerParameterName="INPUT",
-            type=QgsProcessingParameterField.Numeric),
-            VALUES))
+            "VALUE", "Value", parentLayerParameterName="INPUT", type=numeric), VALUES))
         self.addParameter(preset(QgsProcessingParameterField(
-            "ANGLE", "Angle", parentLayerParameterName="INPUT",
-            type=QgsProcessingParameterField.Numeric, optional=True),
+            "ANGLE", "Angle", parentLayerParameterName="INPUT", type=numeric, optional=True),
             ANGLES))
         self.add_crs("Coordinate system of the archive")
         self.add_archive_output()
@@ -38,18 +41,17 @@ class Results(Algorithm):
     def check(self, parameters, context):
         source = source_of(self, parameters, "INPUT", context, POINTS_ONLY)
         if source:
-            self._value_fields(parameters, context, source)
+            self._fields(parameters, context, source)
             self.target_system(parameters, context, source)
 
     def processAlgorithm(self, parameters, context, feedback):
         source = source_of(self, parameters, "INPUT", context, POINTS_ONLY)
-        fields = self._value_fields(parameters, context, source)
         target = self.target_system(parameters, context, source)
         output = self.parameterAsFileOutput(parameters, "OUTPUT", context)
         steps = QgsProcessingMultiStepFeedback(2, feedback)
         with scratch_folder() as folder:
-            self._prepare(f"{folder}/points.shp", Reader("INPUT", source, target, context, steps),
-                          fields)
+            reader = Reader("INPUT", source, target, context, steps)
+            write_points(f"{folder}/points.shp", reader, self._fields(parameters, context, source))
             systems.write_system(f"{folder}/Header.prj", target)
             steps.setCurrentStep(1)
             record = batch.convert(["points.shp", "--", "-results", "-model", source.sourceName()],
@@ -57,25 +59,9 @@ class Results(Algorithm):
             put_in_place(record["output"], output)
         return {"OUTPUT": output}
 
-    @staticmethod
-    def _prepare(path, reader, fields):
-        # The converter takes a second field as the rotation if its name says so.
-        table = tables.Table(path, tables.POINTS,
-                             [tables.number_field(name) for name, _ in zip(("VALUE", "ANGLE"), fields)])
-        without = 0
-        for feature, point in reader.points(fields):
-            values = [number_of(feature[field]) for field in fields]
-            if None in values:
-                without += 1
-            else:
-                table.add(point, values)
-        table.close()
-        reader.report("points")
-        if without:
-            reader.feedback.pushWarning(f"Points without a value, left out: {without}.")
-
-    def _value_fields(self, parameters, context, source):
-        names = [self.parameterAsString(parameters, name, context) for name in ("VALUE", "ANGLE")]
-        fields = [check_field(parameter, source.sourceName(), source.fields(), name, numeric=True)
-                  for parameter, name in zip(("VALUE", "ANGLE"), names) if name]
-        return fields
+    def _fields(self, parameters, context, source):
+        """Name in the prepared table and place in the source of each field that is given."""
+        names = [(field, self.parameterAsString(parameters, field, context)) for field in FIELDS]
+        layer = source.sourceName()
+        return [(field, check_field(field, layer, source.fields(), name, numeric=True))
+                for field, name in names if name]

@@ -1,11 +1,10 @@
 """What the plugin adds to the main window: drops, the Browser, the toolbar."""
 
-from qgis.core import QgsApplication, QgsMapLayer, QgsVectorLayer, QgsWkbTypes
+import processing
+from qgis.core import QgsApplication, QgsVectorLayer, QgsWkbTypes
 from qgis.gui import QgsGui
 from qgis.PyQt.QtGui import QIcon
 from qgis.PyQt.QtWidgets import QAction
-
-import processing
 
 from ..provider import ICON
 from .opening import ArchiveActions, ArchiveDrop, ArchiveItems, Opener

@@ -2,14 +2,13 @@
 
 import os
 
+from processing.gui.Postprocessing import handleAlgorithmResults
 from qgis.core import (Qgis, QgsApplication, QgsDataItem, QgsDataItemProvider, QgsDataProvider,
                        QgsProcessingAlgRunnerTask, QgsProcessingContext, QgsProcessingFeedback,
                        QgsProject)
 from qgis.gui import QgsCustomDropHandler, QgsDataItemGuiProvider, QgsProjectionSelectionDialog
 from qgis.PyQt.QtGui import QIcon
 from qgis.PyQt.QtWidgets import QAction
-
-from processing.gui.Postprocessing import handleAlgorithmResults
 
 from ..layers import systems
 from ..provider import ICON
@@ -66,10 +65,12 @@ class _Opening:
         bar, name = self._iface.messageBar(), os.path.basename(self._path)
         if whole:
             handleAlgorithmResults(self._algorithm, self._context, self._feedback)
-            bar.pushMessage(name, "opened in a temporary GeoPackage; \"Open archive\" in the toolbox "
-                            "makes one that stays.", Qgis.Info)
+            bar.pushMessage(name, 'opened as temporary layers; "Open archive" makes lasting ones.',
+                            Qgis.MessageLevel.Info)
         else:
-            bar.pushMessage(name, self._feedback.textLog().strip().splitlines()[-1], Qgis.Critical)
+            said = self._feedback.textLog().strip().splitlines()
+            bar.pushMessage(name, said[-1] if said else "can't be opened",
+                            Qgis.MessageLevel.Critical)
         self._done(self)
 
 

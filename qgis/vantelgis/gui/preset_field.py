@@ -11,21 +11,25 @@ class PresetField(WidgetWrapper):
     """A combo box of the numeric fields of the parent layer. In batches and in the modeller, where
     no layer is there to look at, QGIS's own widget takes its place."""
 
-    def __new__(cls, param, dialog, row=0, col=0, **kwargs):
+    _names, _optional = (), False
+
+    def __new__(cls, param, dialog, _row=0, _col=0, **_kwargs):
         kind = dialogTypes.get(type(dialog).__name__, DIALOG_STANDARD)
         if kind == DIALOG_STANDARD:
-            return super().__new__(cls, param, dialog, row, col, **kwargs)
+            return WidgetWrapper.__new__(cls)
         registry = QgsGui.processingGuiRegistry()
-        wrapper = (registry.createModelerParameterWidget(dialog.model, dialog.childId, param,
-                                                         dialog.context)
-                   if kind == DIALOG_MODELER else registry.createParameterWidgetWrapper(param, kind))
+        if kind == DIALOG_MODELER:
+            wrapper = registry.createModelerParameterWidget(dialog.model, dialog.childId, param,
+                                                            dialog.context)
+        else:
+            wrapper = registry.createParameterWidgetWrapper(param, kind)
         wrapper.setDialog(dialog)
         return wrapper
 
-    def createWidget(self, names=()):
+    def createWidget(self, names=()):  # pylint: disable=arguments-differ
         self._names = list(names)
         combo = QgsFieldComboBox()
-        combo.setFilters(QgsFieldProxyModel.Numeric)
+        combo.setFilters(QgsFieldProxyModel.Filter.Numeric)
         self._optional = bool(
             self.parameterDefinition().flags() & QgsProcessingParameterDefinition.FlagOptional)
         combo.setAllowEmptyFieldName(self._optional)

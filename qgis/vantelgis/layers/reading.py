@@ -35,9 +35,15 @@ class Reader:
     def lines(self, fields, limit, refuse_longer):
         """Yields (feature, geometry) for each feature with lines or rings; `limit` is the most
         vertices of a line, beyond which it is refused or else split."""
+        transform = self._transform
         for feature, geometry in self._features(fields):
-            for part in self._flat_lines(feature, geometry, limit, refuse_longer):
-                if not transformed(part, self._transform):
+            shape = geometry.constGet()
+            # Nearly all features are one plain line, which needs no copy.
+            plain = (shape.wkbType() in PLAIN and shape.partCount() == 1
+                     and 1 < shape.nCoordinates() <= limit)
+            for part in (geometry,) if plain else self._flat_lines(
+                    feature, geometry, limit, refuse_longer):
+                if not transformed(part, transform):
                     raise self._nowhere(feature)
                 self.taken += 1
                 yield feature, part
@@ -72,7 +78,8 @@ class Reader:
                 tell.pushWarning(f"{name}: {words}: {count}.")
 
     def _features(self, fields):
-        request = QgsFeatureRequest().setSubsetOfAttributes([field for field in fields if field >= 0])
+        request = QgsFeatureRequest()
+        request.setSubsetOfAttributes([field for field in fields if field >= 0])
         total = self.source.featureCount()
         for number, feature in enumerate(self.source.getFeatures(
                 request, QgsProcessingFeatureSource.FlagSkipGeometryValidityChecks)):
@@ -88,10 +95,6 @@ class Reader:
                 yield feature, geometry
 
     def _flat_lines(self, feature, geometry, limit, refuse_longer):
-        shape = geometry.constGet()
-        if (shape.wkbType() in PLAIN and shape.partCount() == 1
-                and 1 < shape.nCoordinates() <= limit):
-            return [geometry]  # nearly all features, so without a copy
         straight = without_curves(geometry, self._tolerance)
         lines = line_strings(straight.constGet())
         if not lines:
@@ -101,22 +104,20 @@ class Reader:
                 self.empty += 1
             return []
         self.bent += straight is not geometry
-        self._count_flattened(shape)
+        shape = geometry.constGet()
+        self.flattened += shape.isMeasure() or (shape.is3D() and not self.keep_z)
         longest = max(line.numPoints() for line in lines)
         if longest > limit:
             if refuse_longer:
                 raise refusal(self.parameter, self.layer, f"feature {feature.id()} has a line of "
                               f"{longest} vertices, and {limit} are the most that this conversion "
-                              'takes: run "Split lines by maximum length" or "Simplify" on the layer.')
+                              'takes: run "Split lines by maximum length" or "Simplify" on it.')
             self.split += sum(line.numPoints() > limit for line in lines)
             lines = [piece for line in lines for piece in pieces(line, limit)]
         return [multi_line(lines[start:start + MOST_PARTS], self.keep_z)
                 for start in range(0, len(lines), MOST_PARTS)]
 
-    def _count_flattened(self, shape):
-        self.flattened += shape.isMeasure() or (shape.is3D() and not self.keep_z)
-
     def _nowhere(self, feature):
-        return refusal(self.parameter, self.layer, f"a vertex of feature {feature.id()} has no place "
-                       "in the coordinate system of the archive, or no finite coordinates: correct "
-                       "or leave out this feature, or choose another CRS.")
+        return refusal(self.parameter, self.layer, f"a vertex of feature {feature.id()} has no "
+                       "place in the coordinate system of the archive, or no finite coordinates: "
+                       "correct or leave out this feature, or choose another CRS.")

@@ -27,11 +27,13 @@ def check_field(parameter, layer, fields, name, numeric=False):
     index = fields.lookupField(name)
     if index < 0:
         names = ", ".join(field.name() for field in fields)
-        raise refusal(parameter, layer, f'there is no field "{name}". There are: {names or "none"}.')
+        raise refusal(parameter, layer,
+                      f'there is no field "{name}". There are: {names or "none"}.')
     if numeric and not fields[index].isNumeric():
-        raise refusal(parameter, layer, f'the field "{name}" is of the type '
-                      f"{fields[index].typeName() or 'text'}, and a number is needed. Make a numeric "
-                      f'field of it, for instance with to_real("{name}") in the field calculator.')
+        kind = fields[index].typeName() or "text"
+        raise refusal(parameter, layer, f'the field "{name}" is of the type {kind}, and a number '
+                      "is needed. Make a numeric field of it, for instance with "
+                      f'to_real("{name}") in the field calculator.')
     return index
 
 

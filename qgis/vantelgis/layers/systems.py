@@ -30,18 +30,18 @@ def target_system(chosen, source, project, layer):
     the like. `chosen` is None when the user left the choice open."""
     if chosen is not None:
         if not chosen.isValid():
-            raise refusal("CRS", layer, "there is no such coordinate system; choose it in the list, "
-                          "or write it as EPSG:28355.")
+            raise refusal("CRS", layer, "there is no such coordinate system; choose it in the "
+                          "list, or write it as EPSG:28355.")
         if not is_plane(chosen):
-            raise refusal("CRS", layer, f"{name_of(chosen)} counts in degrees, and an archive is in "
-                          "metres: choose a projected coordinate system.")
+            raise refusal("CRS", layer, f"{name_of(chosen)} counts in degrees, and an archive is "
+                          "in metres: choose a projected coordinate system.")
         return chosen
     for system in (source, project):
         if is_plane(system):
             return system
-    raise refusal("CRS", layer, f"the coordinate system of the layer is {name_of(source)}, that of "
-                  f"the project {name_of(project)}, and an archive needs a projected one in metres: "
-                  "choose it here.")
+    raise refusal("CRS", layer, f"the coordinate system of the layer is {name_of(source)}, that "
+                  f"of the project {name_of(project)}, and an archive needs a projected one in "
+                  "metres: choose it here.")
 
 
 def transform_between(source, target, context):
@@ -58,7 +58,7 @@ def metres_as_units(length, system):
 
 
 def one_line_form(system):
-    """The system in the one form that the converter reads, PROJCS on a line; empty if it has none."""
+    """The system in the form that the converter reads, PROJCS on a line; empty if it has none."""
     text = system.toWkt(QgsCoordinateReferenceSystem.WKT1_ESRI) if system.isValid() else ""
     return text if text.startswith("PROJCS") else ""
 

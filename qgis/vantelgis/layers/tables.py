@@ -1,9 +1,9 @@
-"""Shapefiles of lines or points with one or two fields of our own, written by QGIS."""
+"""Layers with fields of our own, written by QGIS."""
 
 import os
 
-from qgis.core import (Qgis, QgsCoordinateReferenceSystem, QgsCoordinateTransformContext, QgsFeature,
-                       QgsFeatureSink, QgsField, QgsFields, QgsProcessingException,
+from qgis.core import (Qgis, QgsCoordinateReferenceSystem, QgsCoordinateTransformContext,
+                       QgsFeature, QgsFeatureSink, QgsField, QgsFields, QgsProcessingException,
                        QgsVectorFileWriter, QgsWkbTypes)
 from qgis.PyQt.QtCore import QMetaType, QVariant
 
@@ -11,7 +11,7 @@ LINES = QgsWkbTypes.LineString  # takes lines of several parts as well
 POINTS = QgsWkbTypes.Point
 # In packages, which want one kind for all.
 MULTI_LINES, MULTI_LINES_Z = QgsWkbTypes.MultiLineString, QgsWkbTypes.MultiLineStringZ
-
+FAST = QgsFeatureSink.Flag.FastInsert  # looked up once, not for each feature
 
 # QGIS changed the kind of its types, and warns of the old ones.
 TYPES = QVariant if Qgis.QGIS_VERSION_INT < 33800 else QMetaType.Type
@@ -29,33 +29,37 @@ def number_field(name, width=24, decimals=15):
     return QgsField(name, TYPES.Double, "", width, decimals)
 
 
+def fields_of(*fields):
+    """The fields of a layer."""
+    made = QgsFields()
+    for field in fields:
+        made.append(field)
+    return made
+
+
 class Table:
     """A layer that is being written. Its fields are never those of the source, which may be too
     narrow for the values in them."""
 
     def __init__(self, path, kind, fields, layer="", driver="ESRI Shapefile", system=None):
-        self.path = path
-        table_fields = QgsFields()
-        for field in fields:
-            table_fields.append(field)
         options = QgsVectorFileWriter.SaveVectorOptions()
-        options.driverName = driver
-        options.fileEncoding = "UTF-8"
-        options.layerName = layer
+        options.driverName, options.fileEncoding, options.layerName = driver, "UTF-8", layer
         if os.path.exists(path):
             actions = QgsVectorFileWriter.ActionOnExistingFile
             options.actionOnExistingFile = actions.CreateOrOverwriteLayer
         self._writer = QgsVectorFileWriter.create(
-            path, table_fields, kind, system or QgsCoordinateReferenceSystem(),
+            path, fields_of(*fields), kind, system or QgsCoordinateReferenceSystem(),
             QgsCoordinateTransformContext(), options)
         self._stop_at_error()
-        self._feature = QgsFeature(table_fields)
+        self._feature, self._values = QgsFeature(fields_of(*fields)), None
 
     def add(self, geometry, values):
         """Writes a feature."""
         self._feature.setGeometry(geometry)
-        self._feature.setAttributes(values)
-        if not self._writer.addFeature(self._feature, QgsFeatureSink.FastInsert):
+        if values != self._values:  # setting them costs more than comparing
+            self._feature.setAttributes(values)
+            self._values = values
+        if not self._writer.addFeature(self._feature, FAST):
             self._stop()
 
     def close(self):

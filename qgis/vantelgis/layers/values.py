@@ -8,6 +8,7 @@ from qgis.PyQt.QtCore import QByteArray, QDate, QDateTime, Qt, QTime
 
 NULL_ELEVATION = -999.0  # what the head of the converter's archives declares as null
 LONGEST_NAME = 100       # bytes
+PLAIN_NAME = re.compile(r"[ !#-~]*").fullmatch
 CONTROLS = re.compile(r"[\x00-\x1f\x7f\x85\u2028\u2029]+")
 
 
@@ -49,6 +50,8 @@ class Names:
 
     def of(self, value):
         """The name of at most 100 bytes, without double quotes and line ends."""
+        if isinstance(value, str) and len(value) <= LONGEST_NAME and PLAIN_NAME(value):
+            return value  # nearly all names
         name = text_of(value)
         plain = CONTROLS.sub(" ", name.replace('"', "'"))
         self.replaced += plain != name
@@ -61,7 +64,7 @@ class Names:
     def report(self, feedback):
         """Says what was changed."""
         if self.replaced:
-            feedback.pushWarning("Names with double quotes or line ends, which became single quotes "
-                                 f"and blanks: {self.replaced}.")
+            feedback.pushWarning("Names with double quotes or line ends, which became single "
+                                 f"quotes and blanks: {self.replaced}.")
         if self.cut:
             feedback.pushWarning(f"Names longer than {LONGEST_NAME} bytes, cut there: {self.cut}.")

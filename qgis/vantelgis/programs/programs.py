@@ -16,6 +16,7 @@ from .. import settings
 INSIDE = os.path.join(os.path.dirname(os.path.dirname(__file__)), "bin",
                       "windows-x64" if os.name == "nt" else "linux-x64")
 SUFFIX = ".exe" if os.name == "nt" else ""
+SETTING = "Settings > Options > Processing > Providers > vantelgis"
 TICK = 0.1   # seconds between two looks at the Cancel button
 GRACE = 0.6  # that a program has to take its scratch files away
 
@@ -27,8 +28,8 @@ def program(name):
         path = os.path.join(chosen, name + SUFFIX)
         if not os.path.isfile(path):
             raise QgsProcessingException(
-                f"There is no {name} in {chosen}: correct the folder in Settings > Options > "
-                "Processing > Providers > vantelgis, or clear it to use the programs of the plugin.")
+                f"There is no {name} in {chosen}: correct the folder in {SETTING}, or clear it to "
+                "use the programs of the plugin.")
         return path
     path = os.path.join(INSIDE, name + SUFFIX)
     if os.path.isfile(path):
@@ -37,9 +38,9 @@ def program(name):
     path = shutil.which(name)
     if path is None:
         raise QgsProcessingException(
-            f"The program {name} was found neither in the plugin ({INSIDE}) nor in PATH. Install the "
-            f"plugin again from its zip, or name a folder with the programs for this system "
-            f"({sys.platform}) in Settings > Options > Processing > Providers > vantelgis.")
+            f"The program {name} was found neither in the plugin ({INSIDE}) nor in PATH. Install "
+            f"the plugin again from its zip, or name a folder with the programs for this system "
+            f"({sys.platform}) in {SETTING}.")
     return path
 
 

@@ -33,5 +33,6 @@ def put_in_place(result, target):
                 os.remove(beside)
             raise
     except OSError as error:
-        raise QgsProcessingException(f"{target} can't be written: {error.strerror}. Close the program "
-                                     "that has it open, or choose another name.") from error
+        raise QgsProcessingException(
+            f"{target} can't be written: {error.strerror}. Close the program that has it open, or "
+            "choose another name.") from error

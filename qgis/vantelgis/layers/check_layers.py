@@ -1,0 +1,21 @@
+"""The check layers of 3D breaklines as layers of the user's."""
+
+from qgis.core import QgsFeature, QgsFeatureSink, QgsGeometry, QgsVectorLayer, QgsWkbTypes
+
+from . import tables
+from .values import NULL_ELEVATION
+
+
+def copy_check_layer(path, sink):
+    """Copies a layer of the converter's, which has the elevation in its field, to a sink: NULL in
+    place of the archive's null, and the elevation of points as their Z."""
+    layer = QgsVectorLayer(path, "check", "ogr")
+    copy = QgsFeature(tables.fields_of(tables.number_field("Z")))
+    for feature in layer.getFeatures():
+        elevation = None if feature[0] == NULL_ELEVATION else feature[0]
+        geometry = QgsGeometry(feature.geometry())
+        if QgsWkbTypes.geometryType(geometry.wkbType()) == QgsWkbTypes.PointGeometry:
+            geometry.get().addZValue(elevation)
+        copy.setGeometry(geometry)
+        copy.setAttributes([elevation])
+        sink.addFeature(copy, QgsFeatureSink.Flag.FastInsert)

@@ -1,0 +1,71 @@
+"""Puts the elevations that the converter writes as points into the vertices of the lines."""
+
+from qgis.core import (QgsFeature, QgsFeatureSink, QgsGeometry, QgsLineString, QgsPoint,
+                       QgsProcessingException)
+
+NONE = float("nan")
+# The converter's null, which it takes for an elevation where the archive declares another one.
+NO_LEVEL = -99999.0
+FAST = QgsFeatureSink.Flag.FastInsert
+PROGRESS_EVERY = 1000
+
+
+class StringLayers:
+    """Writes lines and points with Z to two sinks. In the converter's layer the points of a line
+    follow it: one for each of its vertices that has an elevation, in their order."""
+
+    def __init__(self, fields, lines, points):
+        self._lines, self._points = lines, points
+        self._feature = QgsFeature(fields)
+        self._line, self._levels = None, []
+
+    def read(self, layer, feedback):
+        """Goes through the converter's layer."""
+        total = max(1, layer.featureCount())
+        for number, feature in enumerate(layer.getFeatures()):
+            if number % PROGRESS_EVERY == 0:
+                if feedback.isCanceled():
+                    raise QgsProcessingException("Cancelled.")
+                feedback.setProgress(100 * number / total)
+            shape, level = feature.geometry().constGet(), feature[0]
+            if isinstance(shape, QgsLineString):
+                self._end_line()
+                self._line = (shape.clone(), feature.attributes())
+            elif level != NO_LEVEL:
+                self._levels.append((shape.x(), shape.y(), level))
+                self._write(self._points, QgsPoint(shape.x(), shape.y(), level),
+                            feature.attributes())
+        self._end_line()
+
+    def _end_line(self):
+        if self._line is not None:
+            shape, attributes = self._line
+            points = shape.points()
+            heights = self._heights(points)
+            # The field of a line holds its level, or else a number that stands for none.
+            if heights[0] != attributes[0]:
+                attributes[0] = None
+            self._write(self._lines, QgsLineString([point.x() for point in points],
+                                                   [point.y() for point in points], heights),
+                        attributes)
+        self._line = None
+        self._levels.clear()
+
+    def _heights(self, points):
+        """The elevation of each vertex, from the points that follow the line."""
+        levels = iter(self._levels)
+        following = next(levels, None)
+        heights = []
+        for point in points:
+            if following and following[:2] == (point.x(), point.y()):
+                heights.append(following[2])
+                following = next(levels, None)
+            else:
+                heights.append(NONE)
+        return heights
+
+    def _write(self, sink, shape, attributes):
+        self._feature.setGeometry(QgsGeometry(shape))
+        self._feature.setAttributes(attributes)
+        if not sink.addFeature(self._feature, FAST):
+            raise QgsProcessingException(f"A feature can't be written: {sink.lastError()}")
