@@ -34,8 +34,11 @@ constexpr HeaderWord kHeaderWords[] = {
     {"polyline", &D12Object::isPolyline},
 };
 
+// Most strings have the same header as the one before.
 void takeHeader(std::string_view line, D12Object& object) {
     object.typeText = d12TypeText(line);
+    if (object.header == line) return;
+    object.header = line.size() <= object.header.capacity() ? line : std::string_view{};
     object.is2d = object.is3d = object.isSuper = object.isPolyline = false;
     for (const HeaderWord& row : kHeaderWords)
         if (containsIgnoringCase(line, row.word)) object.*row.flag = true;
@@ -63,8 +66,8 @@ void takeAttribute(std::string_view line, D12Object& object) {
 }
 
 void classifyBlock(std::string_view line, D12Object& object) {
-    object.data2d = containsIgnoringCase(line, "data_2d") || object.is2d;
-    object.data3d = containsIgnoringCase(line, "data_3d") || object.is3d || object.isPolyline;
+    object.data2d = object.is2d || containsIgnoringCase(line, "data_2d");
+    object.data3d = object.is3d || object.isPolyline || containsIgnoringCase(line, "data_3d");
     object.hipData = containsIgnoringCase(line, "hipdata");
 }
 

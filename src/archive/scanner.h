@@ -16,6 +16,7 @@ inline constexpr std::size_t kObjectLineCapacity = 1000;
 
 /// The string being read. A conversion owns one and passes it to every call.
 struct D12Object {
+    Text<100> header;       ///< in which the words below were looked for; blank if it was longer
     bool isString = false;  ///< the line looked at last was a string's header
     bool is2d = false;      ///< the header has a word for strings of two numbers a vertex
     bool is3d = false;      ///< the header has a word for strings of three numbers a vertex

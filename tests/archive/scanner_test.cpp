@@ -38,6 +38,17 @@ std::string objectsOf(const std::string& text, bool nullKeyword, bool hexFloats)
     return told.str() + faultIn(console);
 }
 
+// A header is remembered as a whole or not at all.
+TEST(Scanner, KnowsAHeaderAgain) {
+    const std::string body = "\ndata {\n1 2 3\n}\n", head = "string 2d {";
+    const std::string longer = head + std::string(100, ' ') + "3d";
+    const std::string plain = "2d,2,: 1 2 -99999\n", both = "2d,23,: 1 2 3\n";
+    EXPECT_EQ(objectsOf(longer + body + head + body + head + body + longer + body + "string 4d {" +
+                            body + head + body,
+                        false, false),
+              both + plain + plain + both + "4d,3,: 1 2 3\n" + plain);
+}
+
 void expectObjects(const std::vector<std::pair<std::string, std::string>>& rows,
                    bool nullKeyword = false, bool hexFloats = false) {
     for (const auto& [text, objects] : rows)

@@ -187,7 +187,7 @@ TEST(Writers, RefuseWhatTheyCannotWrite) {
          "support@vantelgis.example"
          ".\nGIS Layer   =    1\ni           =    2\ngisO_%ir(i) =    1\ngisO_%nr    =    2"},
         {object("a.mif", multiPolyline, {1, 2, 2}), "i           =    3\ngisO_%ir(i) =    2\n"},
-        {[] { gisWritePoint(gisCreateLayer("a.mif", "P", {}), OutputNodes{}, 0, ""); },
+        {[] { gisWritePoint(gisCreateLayer("a.mif", "P", {}), OutputNodes{}, 0, {}); },
          " Should not be here [gisWriteObject]"},
         {pointBehind(kLast - 14, kLast - 1), ""},
         {pointBehind(kLast - 13, 0), "ERROR 0439 - Writing .shp file object coordinates."},
