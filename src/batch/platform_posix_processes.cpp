@@ -163,7 +163,7 @@ std::string findProgram(const std::string& name) {
     const std::string path = environmentText("PATH");
     for (std::size_t start = 0; start <= path.size();) {
         const std::size_t end = std::min(path.find(':', start), path.size());
-        const std::string file = inFolder(path.substr(start, end - start), name);
+        std::string file = inFolder(path.substr(start, end - start), name);
         if (statusOf(file).isFile() && access(file.c_str(), X_OK) == 0) return file;
         start = end + 1;
     }

@@ -72,7 +72,7 @@ bool WorkerProcess::start(const std::string& program, const std::vector<std::str
     return running();
 }
 
-bool WorkerProcess::send(std::string_view line) {
+bool WorkerProcess::send(std::string_view line) {  // NOLINT: what it writes to is the worker
     const std::string text = std::string(line) + '\n';
     return writeBytes(static_cast<int>(jobs_), text.data(), text.size());
 }

@@ -37,7 +37,8 @@ constexpr NumberMember kNumbers[] = {
 template <typename Enum, std::size_t N>
 Enum namedValue(const std::string_view (&names)[N], std::string_view name) {
     const auto found = std::find(std::begin(names), std::end(names), name);
-    return static_cast<Enum>(found == std::end(names) ? N - 1 : found - std::begin(names));
+    const auto place = static_cast<std::size_t>(found - std::begin(names));
+    return static_cast<Enum>(std::min(place, N - 1));
 }
 
 void writeFindings(const Record& record, JsonWriter& json) {

@@ -32,7 +32,8 @@ TEST(Json, FailsInOrder) {
         json.skip();
         EXPECT_TRUE(json.failed()) << text;
     }
-    JsonReader deep(std::string(100'000, '['));
+    const std::string brackets(100'000, '[');
+    JsonReader deep(brackets);
     deep.skip();
     EXPECT_TRUE(deep.failed());
     JsonReader good(" { \"a\" : [ 1 , -2.5e3 , true , null , { } , [ ] ] } ");

@@ -26,7 +26,7 @@ class Typed {
   public:
     explicit Typed(std::string_view text) : text_(std::tmpfile()), original_(dup(STDIN_FILENO)) {
         if (text_ == nullptr) throw std::runtime_error("no scratch file");
-        std::fwrite(text.data(), 1, text.size(), text_);
+        if (!text.empty()) std::fwrite(text.data(), 1, text.size(), text_);
         std::rewind(text_);
         dup2(fileno(text_), STDIN_FILENO);
     }

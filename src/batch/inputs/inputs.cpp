@@ -26,16 +26,14 @@ class Collector {
         const FileStatus status = statusOf(argument);
         if (status.isFolder()) {
             takeFolder(argument, static_cast<std::uint32_t>(inFolder(argument, "").size()));
-        } else if (status.exists()) {
-            add(argument, {}, lengthBeforeName(argument));
-        } else if (argument == "-") {
+        } else if (!status.exists() && argument == "-") {
             takeList(readStandardInput(), options_.zeroBytes);
-        } else if (argument.starts_with('@')) {
+        } else if (!status.exists() && argument.starts_with('@')) {
             takeListFile(argument.substr(1));
-        } else if (isWildcard(argument)) {
+        } else if (!status.exists() && isWildcard(argument)) {
             takeWildcard(argument);
         } else {
-            add(argument, {}, lengthBeforeName(argument));  // the look says that it isn't there
+            add(argument, {}, lengthBeforeName(argument));  // the look says when it isn't there
         }
     }
     Inputs take() { return std::move(inputs_); }

@@ -19,7 +19,7 @@ struct ResultFacts {
 };
 
 /// An archive that a conversion wrote.
-ResultFacts readArchiveResult(const std::string& file, bool results);
+ResultFacts readArchiveResult(const std::string& path, bool results);
 
 /// A layer: the .mif with its .mid, or the .shp with its .shx and .dbf.
 ResultFacts readMifResult(const std::string& mif, const std::string& mid);

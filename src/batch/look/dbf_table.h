@@ -18,6 +18,6 @@ struct DbfTable {
 
 /// Reads the marks of the rows and the first `fields` columns: of all rows up to `kWholeSize` bytes
 /// or if `full`, else of the first and the last ones.
-DbfTable readDbfTable(const std::string& file, int fields, bool full);
+DbfTable readDbfTable(const std::string& path, int fields, bool full);
 
 }  // namespace vantelgis::batch

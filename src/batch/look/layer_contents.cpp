@@ -167,7 +167,7 @@ void tellPassedOver(const LayersLook& all, const LayerWalk& walk) {
     std::int64_t total = 0;
     std::string kinds;
     for (int kind = 0; kind < kKinds; ++kind) {
-        const std::int64_t count = walk.passedOver[kind];
+        const std::int64_t count = walk.passedOver[static_cast<std::size_t>(kind)];
         if (count == 0) continue;
         total += count;
         kinds.append(kinds.empty() ? "" : ", ").append(counted(count, kKindNames[kind]));

@@ -42,7 +42,7 @@ std::string headerIn(const RunPlan& plan, std::string_view extension, Look& look
 
 // Beside a File 2 the .prj of that, then the usual ones, the first that has a projection.
 std::string projectionOfShpPair(const RunPlan& plan, Look& look) {
-    const std::string own = findSister(plan.second, ".prj").file;
+    std::string own = findSister(plan.second, ".prj").file;
     if (!own.empty() && own != plan.second) {
         const std::string folder = plan.link2.starts_with("2/") ? "2/" : "";
         look.links.push_back({own, folder + std::string(stemPart(namePart(plan.link2))) + ".prj"});

@@ -1,6 +1,7 @@
 #include "batch/tell/progress_teller.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "batch/files.h"
 #include "batch/json.h"
@@ -123,7 +124,7 @@ std::string ProgressTeller::timeLeft() const {
     const double elapsed = std::chrono::duration<double>(Clock::now() - start_).count();
     const double left =
         elapsed / static_cast<double>(done) * static_cast<double>(summary_.inputs - done);
-    return duration(static_cast<std::int64_t>(left + 0.5));
+    return duration(std::llround(left));
 }
 
 void ProgressTeller::drawLive() {

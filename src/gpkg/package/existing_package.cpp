@@ -1,5 +1,8 @@
 #include "gpkg/package/existing_package.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include <string>
 
 #include "gpkg/package/schema.h"
@@ -13,9 +16,7 @@ constexpr std::string_view kOwnTables[] = {kStringsLayer, kPointsLayer, kVertice
                                            kIgnoredTable, "layer_styles"};
 
 bool isOwn(std::string_view table) {
-    for (const std::string_view own : kOwnTables)
-        if (own == table) return true;
-    return false;
+    return std::ranges::find(kOwnTables, table) != std::end(kOwnTables);
 }
 
 bool hasColumn(Database& database, std::string_view table, std::string_view column) {

@@ -178,9 +178,11 @@ std::int32_t addCoordinateSystem(Database& database, const CoordinateSystem& sys
                system.wkt2 ? ", definition_12_063) VALUES (?1, ?2, ?3, ?4, 'undefined', ?5)"
                            : ") VALUES (?1, ?2, ?3, ?4, ?5)"));
     const bool named = !system.organization.empty();
+    const std::string_view organization =
+        named ? std::string_view(system.organization) : std::string_view("NONE");
     add.bind(1, std::string_view(system.name));
     add.bind(2, std::int64_t{number});
-    add.bind(3, std::string_view(named ? system.organization : "NONE"));
+    add.bind(3, organization);
     add.bind(4, std::int64_t{named ? system.code : number});
     add.bind(5, std::string_view(system.wkt));
     add.run();

@@ -1,5 +1,6 @@
 #include "gpkg/to_archive/feature_reader.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -109,9 +110,7 @@ bool FeatureReader::nextGrouped(Feature& feature) {
 
 // The strings and points of an archive share their numbers, which is its order.
 bool FeatureReader::sharesNumbers() const {
-    for (const LineLayer& layer : layers_)
-        if (layer.ownPoints) return true;
-    return false;
+    return std::ranges::any_of(layers_, &LineLayer::ownPoints);
 }
 
 void FeatureReader::addToOrder(const LineLayer& layer, std::size_t index) {

@@ -65,9 +65,10 @@ std::string hindrance(Database& database, const ListedLayer& layer) {
 }
 
 bool holdsLines(const ListedLayer& layer) {
-    for (const std::string_view other : {"POINT", "MULTIPOINT", "GEOMETRYCOLLECTION"})
-        if (sameIgnoringCase(layer.geometryType, other)) return false;
-    return true;
+    constexpr std::string_view kOthers[] = {"POINT", "MULTIPOINT", "GEOMETRYCOLLECTION"};
+    return std::ranges::none_of(kOthers, [&](std::string_view other) {
+        return sameIgnoringCase(layer.geometryType, other);
+    });
 }
 
 LineLayer lineLayer(Database& database, const ListedLayer& listed, const Options& options) {

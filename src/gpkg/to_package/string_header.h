@@ -24,7 +24,7 @@ struct StringHeader {
     /// Another string begins.
     void begin(std::int64_t lineNumber, std::string_view typeText);
     /// Looks at one more of its lines, without leading blanks.
-    void take(std::string_view line);
+    void take(std::string_view text);
 };
 
 /// The value behind the word `model` at the start of a line; false for any other line.

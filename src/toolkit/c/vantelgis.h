@@ -12,6 +12,7 @@
 #ifndef VANTELGIS_H
 #define VANTELGIS_H
 
+// NOLINTBEGIN(modernize-*): this header is C
 #include <stdbool.h>
 #include <stddef.h>
 #include <stdint.h>
@@ -125,4 +126,5 @@ void vg_set_unattended(bool unattended);
 }
 #endif
 
+// NOLINTEND(modernize-*)
 #endif

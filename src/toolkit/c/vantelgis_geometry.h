@@ -2,6 +2,7 @@
 #ifndef VANTELGIS_GEOMETRY_H
 #define VANTELGIS_GEOMETRY_H
 
+// NOLINTBEGIN(modernize-*): this header is C
 #include <stdbool.h>
 #include <stddef.h>
 #include <stdint.h>
@@ -88,4 +89,5 @@ void vg_hyd_param2(float x1, float y1, float value1, float x2, float y2, float v
 }
 #endif
 
+// NOLINTEND(modernize-*)
 #endif

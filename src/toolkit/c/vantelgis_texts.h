@@ -2,6 +2,7 @@
 #ifndef VANTELGIS_TEXTS_H
 #define VANTELGIS_TEXTS_H
 
+// NOLINTBEGIN(modernize-*): this header is C
 #include <stdbool.h>
 #include <stddef.h>
 #include <stdint.h>
@@ -166,4 +167,5 @@ bool vg_checkint8(const char* text, size_t text_length, int64_t* value);
 }
 #endif
 
+// NOLINTEND(modernize-*)
 #endif
