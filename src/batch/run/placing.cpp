@@ -79,8 +79,8 @@ bool finish(const std::vector<Step>& steps) {
 // Backwards: the new file goes back where it was, the old one takes its place again.
 bool undo(const std::vector<Step>& steps) {
     bool undone = true;
-    for (auto step = steps.rbegin(); step != steps.rend();
-         ++step) {  // NOLINT: clang 14 has no reverse view
+    // Clang 14 has no view that goes backwards. NOLINTNEXTLINE(modernize-loop-convert)
+    for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
         const bool moved = !statusOf(step->from).exists();
         const bool hadOld = statusOf(step->backup).exists();
         if (moved && !hadOld && !renameFile(step->to, step->from)) undone = false;
