@@ -166,8 +166,8 @@ void readPart(int mifUnit, std::string_view countText, ObjectNodes& nodes) {
     for (std::size_t i = 0; i < static_cast<std::size_t>(nodes.n); ++i) readNode(mifUnit, nodes, i);
 }
 
-// Polygons close by themselves in a .mif: the first vertex isn't written again. With the second one
-// behind them they can be walked past the closing edge without a test.
+// Polygons close by themselves in a .mif, whether the first vertex is written again or not. With
+// the second one behind them they can be walked past the closing edge without a test.
 void readPolygon(int mifUnit, ObjectNodes& nodes) {
     const std::int32_t vertices = takeNodeCount(readNextLine(mifUnit), 0);
     const auto first = static_cast<std::size_t>(nodes.n);

@@ -28,8 +28,8 @@ void finishHeader(int unit, std::int32_t fileWords, const shpL_& shp) {
         gisStop(kFailure);
 }
 
-// A set that got no object keeps the header with which it was made: its box, from far above to far
-// below, tells readers that there is nothing.
+// A set that got no object keeps the header with which it was made: its box ends before it begins,
+// by which readers see that there is nothing.
 void finishSet(shpL_& shp, dbfL_& dbf) {
     constexpr std::int32_t kHeaderWords = 50;    // 100 bytes
     constexpr std::int32_t kShxRecordWords = 4;  // offset and length
