@@ -67,7 +67,7 @@ def main():
         FOUND["fault"] = traceback.format_exc()
     with open(os.environ["VANTELGIS_FOUND"], "w", encoding="utf-8") as file:
         json.dump(FOUND, file)
-    os._exit(0)  # no question about the project
+    os._exit(0)  # no question about the project; pylint: disable=protected-access
 
 
 QSettings().setValue("Processing/firstRun", False)

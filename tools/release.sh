@@ -12,14 +12,16 @@ export SOURCE_DATE_EPOCH LC_ALL=C TZ=UTC
 umask 022
 mkdir -p dist
 
-# pack_zip STAGE NAME, pack_tar STAGE NAME: the folder STAGE/NAME becomes dist/NAME.zip, .tar.gz.
+# pack_zip STAGE NAME [FILE], pack_tar STAGE NAME: the folder STAGE/NAME becomes FILE, or else
+# dist/NAME.zip or .tar.gz.
 pack_zip() {
-    rm -f "dist/$2.zip"
+    local file=${3:-dist/$2.zip}
+    rm -f "$file"
     chmod -R u=rwX,go=rX "$1/$2"
     find "$1/$2" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +
-    local zip=$PWD/dist/$2.zip
+    local zip=$PWD/$file
     (cd "$1" && find "$2" -type f | sort | zip -q -X -9 "$zip" -@)
-    echo "Packed dist/$2.zip"
+    echo "Packed $file"
 }
 
 pack_tar() {

@@ -12,7 +12,7 @@ from processing.modeler.ModelerParametersDialog import ModelerParametersDialog
 from qgis.core import QgsApplication, QgsProcessingModelAlgorithm, QgsProject
 from qgis.gui import QgsGui, QgsMessageBar
 from qgis.PyQt.QtWidgets import QMainWindow, QMenu
-from vantelgis.gui import desktop, opening
+from vantelgis.gui import desktop, opening  # pylint: disable=wrong-import-order
 
 PROJECT = QgsProject.instance()
 

@@ -134,8 +134,8 @@ class Outside(unittest.TestCase):
     def test_status_and_words_of_qgis_process(self):
         environment = dict(os.environ, QGIS_CUSTOM_CONFIG_PATH=str(FOLDER / "profile"),
                            QGIS_PLUGINPATH=str(PLUGINS))
-        subprocess.run([QGIS_PROCESS, "plugins", "enable", "vantelgis"], env=environment, check=True,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        subprocess.run([QGIS_PROCESS, "plugins", "enable", "vantelgis"], env=environment,
+                       check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         for field, status, words in (("NAME", 0, "Converted: 3"),
                                      ("no", 1, 'NAME ("kerb"): there is no field "no"')):
             output = FOLDER / f"shell_{field}.12da"
