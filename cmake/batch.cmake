@@ -1,6 +1,6 @@
 # vantelgis-batch: what is in src/batch, on the converter's own readers. The guide's page of messages
 # is part of it.
-include(${PROJECT_SOURCE_DIR}/cmake/cli11.cmake)
+include(${PROJECT_SOURCE_DIR}/cmake/command_line.cmake)
 
 file(GLOB_RECURSE batch_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/batch/*.cpp)
 list(FILTER batch_sources EXCLUDE REGEX "/batch/main\\.cpp$")
@@ -23,7 +23,7 @@ add_library(vantelgis_batch_core STATIC ${batch_sources} ${messages_source})
 target_compile_definitions(vantelgis_batch_core PUBLIC VANTELGIS_VERSION="${PROJECT_VERSION}")
 # g++ 12 takes "text" + std::string for an overlapping copy.
 target_compile_options(vantelgis_batch_core PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
-target_link_libraries(vantelgis_batch_core PUBLIC vantelgis_core cli11 Threads::Threads)
+target_link_libraries(vantelgis_batch_core PUBLIC vantelgis_core command_line Threads::Threads)
 
 add_executable(vantelgis-batch batch/main.cpp)
 target_link_libraries(vantelgis-batch PRIVATE vantelgis_batch_core)

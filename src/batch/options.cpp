@@ -5,11 +5,11 @@
 
 #include "batch/completion.h"
 #include "batch/help.h"
-#include "batch/nearest_option.h"
 #include "batch/option_values.h"
 #include "batch/plan/plan.h"
 #include "batch/processes.h"
 #include "batch/tell/output.h"
+#include "command_line/nearest_option.h"
 
 namespace vantelgis::batch {
 

@@ -5,11 +5,12 @@
 #include <cmath>
 #include <iterator>
 
+#include "command_line/nearest_option.h"
 #include "gpkg/help.h"
 #include "gpkg/report.h"
 #include "run/platform.h"
 #include "text/characters.h"
-#include "text/nearest_word.h"
+#include "text/joined.h"
 #include "text/paths.h"
 
 namespace vantelgis::gpkg {
@@ -67,11 +68,7 @@ void describe(CLI::App& app, Options& options, RawOptions& raw) {
 }
 
 std::string withNearest(const CLI::App& app, const std::string& wrong) {
-    std::vector<std::string> names;
-    for (const CLI::Option* const option : app.get_options())
-        for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
-    const std::string_view nearest =
-        nearestWord(std::string_view(wrong).substr(0, wrong.find('=')), names);
+    const std::string nearest = nearestOption(app, wrong);
     if (nearest.empty()) return joined("there is no option ", wrong);
     return joined("there is no option ", wrong, "; did you mean ", nearest, "?");
 }

@@ -15,7 +15,6 @@
 #include "gpkg/transcoding.h"
 #include "gpkg/wkt.h"
 #include "support/in_process_run.h"
-#include "text/nearest_word.h"
 
 namespace vantelgis::gpkg {
 
@@ -183,14 +182,6 @@ TEST(CleanText, WhatALineOfAnArchiveCanHold) {
     for (const std::string_view value : {"red", "dark red", "", "a{b", "-1.5", "x,y"})
         appendValue(line, value);
     EXPECT_EQ(line, "red\"dark red\"\"\"\"a{b\"-1.5\"x,y\"");
-}
-
-TEST(NearestWord, IsNearOrNone) {
-    const std::string words[] = {"--append", "--replace", "--prj"};
-    EXPECT_EQ(nearestWord("--apend", words), "--append");
-    EXPECT_EQ(nearestWord("--repalce", words), "--replace");
-    EXPECT_EQ(nearestWord("--something", words), "");
-    EXPECT_EQ(stepsBetween("kitten", "sitting"), 3U);
 }
 
 }  // namespace

@@ -20,16 +20,18 @@ MAY_INCLUDE = {
     "toolkit": {"run", "text", "geometry"},
     "toolkit/c": {"toolkit", "run", "text"},
     # The rooms below these two may include one another.
-    "batch": {"archive", "run", "text"} | GIS,
-    "gpkg": {"archive", "run", "text"},
+    "batch": {"command_line", "archive", "run", "text"} | GIS,
+    "gpkg": {"command_line", "archive", "run", "text"},
     "drop": {"run", "text"},
     "run": {"text"},
+    "command_line": set(),
     "text": set(),
     "geometry": set(),
 }
 # What lies around the converter stands on libraries of others, each for its own purpose.
 PROGRAMS = {"batch", "gpkg"}
-LIBRARY_HEADERS = {"batch": {"CLI/CLI.hpp"}, "gpkg": {"CLI/CLI.hpp", "sqlite3.h"}}
+LIBRARY_HEADERS = {"batch": {"CLI/CLI.hpp"}, "gpkg": {"CLI/CLI.hpp", "sqlite3.h"},
+                   "command_line": {"CLI/CLI.hpp"}}
 SYSTEM_HEADERS_IN = re.compile(r"(run|batch|gpkg|drop)/platform_\w+\.(cpp|h)")
 
 STANDARD_HEADERS = set("""

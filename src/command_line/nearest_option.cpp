@@ -1,10 +1,12 @@
-#include "batch/nearest_option.h"
+#include "command_line/nearest_option.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstddef>
 #include <numeric>
+#include <vector>
 
-namespace vantelgis::batch {
+namespace vantelgis {
 
 namespace {
 
@@ -41,4 +43,4 @@ std::string nearestOption(const CLI::App& app, std::string_view wrong) {
     return nearest;
 }
 
-}  // namespace vantelgis::batch
+}  // namespace vantelgis
