@@ -3,5 +3,6 @@
 
 int main(int count, char** values) {
     vantelgis::platform::outliveRefusedWrites();
+    vantelgis::platform::outliveTerminal();
     vantelgis::runProgram(count, values);
 }

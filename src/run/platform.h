@@ -86,6 +86,9 @@ void writeStandardOutput(const char* bytes, std::size_t size);
 /// any more, as files that are being written must be finished all the same, or to a file at the
 /// largest size that is allowed, as that has to be reported. Once, at the start of a program.
 void outliveRefusedWrites();
+/// Has the process outlive its terminal as well: nobody is left to be asked, but a result that is
+/// being written gets its end. Once, at the start of a program that asks and waits.
+void outliveTerminal();
 [[nodiscard]] bool standardOutputIsTerminal();
 /// The line end of the platform's console.
 [[nodiscard]] std::string_view consoleLineEnd();

@@ -180,6 +180,10 @@ void outliveRefusedWrites() {
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
+void outliveTerminal() {
+    std::signal(SIGHUP, SIG_IGN);
+}
+
 bool standardOutputIsTerminal() {
     return isatty(STDOUT_FILENO) == 1;
 }

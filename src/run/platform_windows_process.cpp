@@ -140,6 +140,8 @@ void writeStandardOutput(const char* bytes, std::size_t size) {
 
 void outliveRefusedWrites() {}  // such a write fails and does no more
 
+void outliveTerminal() {}  // the system ends what runs in a window that is closed
+
 bool standardOutputIsTerminal() {
     return isConsole(GetStdHandle(STD_OUTPUT_HANDLE));
 }
