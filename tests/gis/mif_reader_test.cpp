@@ -81,14 +81,18 @@ TEST(MifReader, ReadsHeaders) {
     const auto head = [](std::string_view lines) { return mifText(std::string(lines)); };
     const std::string noStart = "ERROR 0314 - Could not read number of attributes in .mif file";
     const std::string noData = "ERROR 0313 - Could not find start of \"Data\" block in .mif file.";
-    checkRows(
-        head, " -> " + noStart, "Version 300\n  Columns 1\n -> " + noStart,
-        "Columns one\n -> " + noStart,
-        "COLUMNS 0\n -> ERROR 0319 - No attributes specified in .mif file.",
-        "Columns -1\n -> ERROR 0319 - No attributes specified in .mif file.",
-        "columns 2\nA Float\n -> ERROR 0316 - Could not read attribute definitions in .mif file",
-        "Columns 1\nA Float\n Data\nPoint 1 1 -> " + noData, "Columns 1\nA Float -> " + noData,
-        "Columns 1\nA Float\ndATAbase\nPoint 1 1 -> point 1: 1 1,; |1\n");
+    const std::string noFields = "ERROR 0316 - Could not read attribute definitions in .mif file";
+    checkRows(head, " -> " + noStart, "Version 300\n  Columns 1\n -> " + noStart,
+              "Columns one\n -> " + noStart,
+              "COLUMNS 0\n -> ERROR 0319 - No attributes specified in .mif file.",
+              "Columns -1\n -> ERROR 0319 - No attributes specified in .mif file.",
+              "columns 2\nA Float\n -> " + noFields,
+              // Without the word the last line stands for it, and may have a number in its place.
+              "Version 300\nPline 2\n1 1\n12345678 9\n -> " + noFields,
+              "Columns 2\nA Float\nData\nPoint 1 1 -> " + noData,
+              "Columns 1\nA Float\n Data\nPoint 1 1 -> " + noData,
+              "Columns 1\nA Float -> " + noData,
+              "Columns 1\nA Float\ndATAbase\nPoint 1 1 -> point 1: 1 1,; |1\n");
     std::string mif = " Columns 9\nCOLUMNS 258 and more\n";
     for (int i = 1; i <= 258; ++i) mif += "\t f" + std::to_string(i) + "  Char(5) \n";
     EXPECT_EQ(head(mif + "DATA 1\nPoint 1 1\n"), "point 1: 1 1,; |1\n");
