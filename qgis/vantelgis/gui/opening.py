@@ -65,7 +65,7 @@ class _Opening:
         bar, name = self._iface.messageBar(), os.path.basename(self._path)
         if whole:
             handleAlgorithmResults(self._algorithm, self._context, self._feedback)
-            bar.pushMessage(name, 'opened as temporary layers; "Open archive" makes lasting ones.',
+            bar.pushMessage(name, 'opened for this session; "Open archive" keeps it.',
                             Qgis.MessageLevel.Info)
         else:
             said = self._feedback.textLog().strip().splitlines()
