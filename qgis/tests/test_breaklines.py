@@ -2,11 +2,9 @@
 
 import math
 import pathlib
-import shutil
-import subprocess
 import unittest
 
-from support import (DEGREES, EXAMPLES, FOLDER, MGA55, MGA56, PROGRAMS, layer, run, strings)
+from support import DEGREES, FOLDER, MGA55, MGA56, layer, run, strings
 
 from qgis.core import (QgsGeometry, QgsLineString, QgsProcessingFeatureSourceDefinition, QgsProject,
                        QgsVectorFileWriter, QgsVectorLayer, QgsVectorLayerJoinInfo)
@@ -190,32 +188,3 @@ class Results(unittest.TestCase):
             self.assertEqual(len(text.split("data_3d {")[1].split("}")[0].splitlines()) - 2, values)
             self.assertIn(f"{'1.0000':>24} {'2.0000':>20} {'1.5000':>10}\n", text)
             self.assertIn(without, log.warnings)
-
-
-class ByHand(unittest.TestCase):
-    """The examples give what the converter makes of them by itself."""
-
-    def test_examples(self):
-        folder = FOLDER / "examples"
-        shutil.copytree(EXAMPLES, folder)
-        levels = {"ELEVATION": "Z", "POINT_ELEVATION": "Z"}
-        for arguments, algorithm, given in (
-                ("creek.mif", "breaklines2d", {"INPUT": "creek.mif", "NAME": "NAME"}),
-                ("kerb.shp", "breaklines2d", {"INPUT": "kerb.shp", "NAME": "NAME"}),
-                ("-zln levee.mif", "breaklines3d", levels | {
-                    "INPUT": "levee.mif|geometrytype=LineString",
-                    "POINTS": "levee.mif|geometrytype=Point"}),
-                ("-zln levels.mif invert.mif", "breaklines3d", levels | {
-                    "INPUT": "invert.mif", "POINTS": "levels.mif"}),
-                ("-results velocity.mif", "results", {
-                    "INPUT": "velocity.mif", "VALUE": "SPEED", "ANGLE": "ANGLE"})):
-            parameters = {name: f"{folder}/{value}" if "." in value else value
-                          for name, value in given.items()}
-            with self.subTest(arguments):
-                subprocess.run([PROGRAMS / "vantelgis", "-out", "hand.12da", *arguments.split()],
-                               cwd=folder, check=True, stdin=subprocess.DEVNULL,
-                               stdout=subprocess.DEVNULL)
-                result, _ = run(algorithm, CRS=MGA56, **parameters)
-                hand, made = (pathlib.Path(path).read_bytes().splitlines()
-                              for path in (folder / "hand.12da", result["OUTPUT"]))
-                self.assertEqual(made[2:], hand[2:])  # all but the names of the models
