@@ -18,6 +18,7 @@ import sys
 import markdown
 from markdown.extensions.toc import TocExtension
 
+SHORT = 18  # characters of code that aren't broken where a line ends
 MEDIA = {".png": "image/png", ".svg": "image/svg+xml"}
 STYLE = """
 :root { color-scheme: light dark; --line: #c8ced6; --soft: #f2f5f8; --link: #1f5fa8; }
@@ -28,14 +29,19 @@ a { color: var(--link); }
 h1 { margin-top: 4rem; border-bottom: 2px solid var(--link); }
 header h1 { margin-top: 1rem; }
 section { break-before: page; }
-code { font: 0.9em/1.45 Consolas, "DejaVu Sans Mono", monospace; white-space: nowrap; }
+code { font: 0.9em/1.45 Consolas, "DejaVu Sans Mono", monospace; white-space: pre-wrap; overflow-wrap: anywhere; }
+.short { white-space: pre; }
 pre code { white-space: pre; }
-td code { white-space: normal; }
 pre { background: var(--soft); padding: 0.8rem 1rem; overflow-x: auto; border-radius: 4px; }
 table { border-collapse: collapse; margin: 1rem 0; }
 th, td { border: 1px solid var(--line); padding: 0.35rem 0.7rem; text-align: left; vertical-align: top; }
 th { background: var(--soft); }
 img { max-width: 100%; background: white; }
+@media (max-width: 40rem) {
+  main { padding: 0.5rem 0.7rem 3rem; }
+  table { font-size: 0.85rem; display: block; overflow-x: auto; }
+  th, td { padding: 0.25rem 0.35rem; }
+}
 """.strip()
 
 
@@ -75,6 +81,7 @@ class Guide:
                                  extensions=["tables", "fenced_code", "sane_lists", toc])
         body = re.sub(r'(<img [^>]*?src=")([^"]*)',
                       lambda found: found[1] + self.picture(found[2]), body)
+        body = re.sub("(?<!<pre>)<code>([^<]*)</code>", in_text, body)
         body = re.sub(r'(<a href=")([^"]*)',
                       lambda found: found[1] + self.target(page, found[2]), body)
         return f'<section id="{page}">\n{body}\n</section>'
@@ -102,6 +109,13 @@ class Guide:
                 '<meta name="viewport" content="width=device-width">\n'
                 f"<title>vantelgis {self.version}: guide</title>\n<style>\n{STYLE}\n</style>\n"
                 f"</head>\n<body>\n<main>\n{body}\n</main>\n</body>\n</html>\n")
+
+
+def in_text(code):
+    """Code marks within a paragraph: its blanks stay, a line end of the page is one."""
+    text = code[1].replace("\n", " ")
+    kind = ' class="short"' if len(html.unescape(text)) <= SHORT else ""
+    return f"<code{kind}>{text}</code>"
 
 
 def slug(text, separator):

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """The guide's one page has all pages of docs/ and no dead link. A browser without a screen, where there
-is one (Debian: chromium), shows every picture, no table wider than the page, and fetches nothing.
+is one (Debian: chromium), shows every picture, nothing wider than the page, be it a desktop's or a
+telephone's, no word that was taken for a tag, and fetches nothing.
 Argument: guide.html."""
 
 import pathlib
@@ -18,7 +19,9 @@ LOOK = """<script>addEventListener("load", () => {
     ...all("img").filter(image => !image.naturalWidth).map(image => "no picture " + image.alt),
     ...all("a[href^='#']").filter(link => !document.getElementById(link.hash.slice(1)))
       .map(link => "no " + link.hash),
-    ...all("table").filter(table => table.offsetWidth > innerWidth).map(table => "wide " + table.innerText),
+    ...all("main *").filter(part => part instanceof HTMLUnknownElement).map(part => "no tag " + part.tagName),
+    ...all("p, li, h1, h2, h3").filter(part => part.scrollWidth > innerWidth)
+      .concat(all("table").filter(table => table.offsetWidth > innerWidth)).map(part => "wide " + part.innerText),
     ...performance.getEntriesByType("resource").filter(entry => !entry.name.startsWith("data:"))
       .map(entry => "fetched " + entry.name)];
   document.title = `${all("img").length} pictures, ${all("a").length} links: `
@@ -36,6 +39,14 @@ def faults_of_pages():
                           check=False).stderr
 
 
+def title_at(browser, width, page, folder):
+    shown = subprocess.run(
+        [browser, "--headless", "--no-sandbox", "--disable-gpu", f"--window-size={width},768",
+         f"--user-data-dir={folder}/profile", "--dump-dom", page.as_uri()],
+        capture_output=True, text=True, timeout=120, check=True).stdout
+    return re.search("<title>(.*?)</title>", shown, re.DOTALL)[1]
+
+
 def main():
     faults = faults_of_pages()
     browser = next(filter(None, map(shutil.which, BROWSERS)), None)
@@ -45,13 +56,9 @@ def main():
     with tempfile.TemporaryDirectory() as folder:
         page = pathlib.Path(folder) / "guide.html"
         page.write_text(pathlib.Path(sys.argv[1]).read_text("utf-8") + LOOK, "utf-8")
-        shown = subprocess.run(
-            [browser, "--headless", "--no-sandbox", "--disable-gpu", "--window-size=1024,768",
-             f"--user-data-dir={folder}/profile", "--dump-dom", page.as_uri()],
-            capture_output=True, text=True, timeout=120, check=True).stdout
-    title = re.search("<title>(.*?)</title>", shown, re.DOTALL)[1]
-    print(title)
-    return 0 if title.endswith(": all well") else 1
+        titles = [title_at(browser, width, page, folder) for width in (1024, 420)]
+    print(*titles, sep="\n")
+    return 0 if all(title.endswith(": all well") for title in titles) else 1
 
 
 if __name__ == "__main__":
