@@ -2,8 +2,9 @@
 """Runs the commands of the guide and compares what the pages show with what comes out.
 
 In a page's indented blocks a line that begins with a program's name is a command: it runs in a copy of
-examples/, with nobody at the console. All programs lie beside the one that is named. The other indented lines of a section must appear, in
-their order within a block, in what the section's commands wrote; "..." stands for lines left out.
+examples/, with nobody at the console. All programs lie beside the one that is named. The other
+indented lines of a section must appear, in their order within a block, in what the section's commands
+wrote; "..." stands for lines left out.
 """
 
 import argparse
