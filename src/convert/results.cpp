@@ -91,17 +91,11 @@ void readPoints(Results& run) {
     }
 }
 
-void writeLocations(const Results& run) {
-    d12BeginLocations(run.archive);
+void writeBlock(const Results& run, void (*begin)(int),
+                void (*add)(OutputLine&, const D12Symbol&)) {
+    begin(run.archive);
     OutputLine line{run.archive, kLinesRoom};
-    for (const D12Symbol& symbol : run.symbols) d12AddLocation(line, symbol);
-    d12EndBlock(run.archive);
-}
-
-void writeSymbols(const Results& run) {
-    d12BeginSymbols(run.archive);
-    OutputLine line{run.archive, kLinesRoom};
-    for (const D12Symbol& symbol : run.symbols) d12AddSymbol(line, symbol);
+    for (const D12Symbol& symbol : run.symbols) add(line, symbol);
     d12EndBlock(run.archive);
 }
 
@@ -123,11 +117,11 @@ void convertResults(const RunSettings& settings) {
     consoleLine("\nNumber of points read from gis file: ", run.symbols.size());
 
     consoleLine("\nWriting coordinate data to .12da file...");
-    writeLocations(run);
+    writeBlock(run, d12BeginLocations, d12AddLocation);
     consoleLine("   Done.");
     if (run.vectorData) {
         consoleLine("\nWriting symbol data for vector dataset to .12da file...");
-        writeSymbols(run);
+        writeBlock(run, d12BeginSymbols, d12AddSymbol);
         consoleLine("   Done.");
     }
     closeUnit(run.archive);

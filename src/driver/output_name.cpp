@@ -11,14 +11,10 @@ namespace vantelgis {
 
 namespace {
 
-[[noreturn]] void stopWithoutFormat() {
-    stopWith("", "ERROR - Must specify output format with -shp or -mif.");
-}
-
 std::string_view wantedExtension(const RunSettings& run) {
     if (run.useMif) return ".mif";
     if (run.useShp) return ".shp";
-    stopWithoutFormat();
+    stopWith("", "ERROR - Must specify output format with -shp or -mif.");
 }
 
 // A blank name can't be opened: the opener says so and ends the run here, before the conversion

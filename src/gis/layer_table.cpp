@@ -42,16 +42,13 @@ GisLayer& usableLayer(int gisID, std::string_view operation) {
     return *layer;
 }
 
-int firstFreeLayer() {
-    for (int id = 1; id <= kMaxLayers; ++id)
-        if (!slotOf(id) || !slotOf(id)->open) return id;
+int takeFreeLayer() {
+    for (int id = 1; id <= kMaxLayers; ++id) {
+        if (slotOf(id) && slotOf(id)->kind != GisKind::none) continue;
+        slotOf(id) = std::make_unique<GisLayer>();
+        return id;
+    }
     gisStop("ERROR 0251 - Cannot have more than 100 GIS layers open at once.");
-}
-
-void gisInitialiseLayer(int gisID) {
-    const bool open = gisLayer(gisID, "gisInitialiseLayer").open;
-    slotOf(gisID) = std::make_unique<GisLayer>();
-    slotOf(gisID)->open = open;
 }
 
 void gisInitialiseLayers() {

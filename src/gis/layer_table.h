@@ -27,14 +27,11 @@ struct mifL_ {
 
 /// One shapefile of a layer: its units, what its header says, and how far it was read or written.
 struct shpL_ {
-    int shpUnit = 0;    ///< .shp, little-endian view
-    int shpUnitBE = 0;  ///< .shp, big-endian view
-    int shxUnit = 0;    ///< .shx, little-endian view
-    int shxUnitBE = 0;  ///< .shx, big-endian view
-    int prjUnit = 0;    ///< .prj, only while it is written
-    std::int32_t fileCode = 0;
-    std::int32_t fileLength = 0;  ///< in 16-bit words
-    std::int32_t version = 0;
+    int shpUnit = 0;              ///< .shp, little-endian view
+    int shpUnitBE = 0;            ///< .shp, big-endian view
+    int shxUnit = 0;              ///< .shx, little-endian view
+    int shxUnitBE = 0;            ///< .shx, big-endian view
+    int prjUnit = 0;              ///< .prj, only while it is written
     std::int32_t shapeType = 0;   ///< of the header
     std::int32_t recordType = 0;  ///< of the current record
     std::int32_t nObjects = 0;    ///< records written so far
@@ -70,9 +67,8 @@ enum class GisKind { none = 0, mif = 1, shp = 2 };
 
 /// A slot of the layer table. A layer opened for reading uses only shp[0] and dbf[0].
 struct GisLayer {
-    bool open = false;
-    GisKind kind = GisKind::none;
-    Path name;  ///< as it was opened
+    GisKind kind = GisKind::none;  ///< none: free
+    Path name;                     ///< as it was opened
     bool writing = false;
     mifL_ mif;
     shpL_ shp[kFamilies];  ///< points, lines, regions
@@ -86,11 +82,11 @@ GisLayer& gisLayer(int gisID, std::string_view operation = "gisLayer");
 /// The same of a layer that is open: one of no kind is such a fault as well.
 GisLayer& usableLayer(int gisID, std::string_view operation);
 
-/// A handle whose slot is free, the lowest. ERROR 0251 when there is none.
-int firstFreeLayer();
+/// The lowest handle whose slot is free; the slot is brought to its start state. ERROR 0251 when
+/// there is none.
+int takeFreeLayer();
 
-/// Brings a slot to its start state, or all of them.
-void gisInitialiseLayer(int gisID);
+/// Brings all slots to their start state.
 void gisInitialiseLayers();
 
 }  // namespace vantelgis

@@ -29,10 +29,11 @@ GisKind formatOf(std::string_view name) {
 // A slot for the layer, of the format that its name has.
 int takeSlot(std::string_view name) {
     consoleLine("Opening GIS Layer: ", withoutTrailingBlanks(name));
-    const int gisID = firstFreeLayer();
+    const int gisID = takeFreeLayer();
     consoleLine("GIS Layer assigned ID of ", gisID);
-    gisInitialiseLayer(gisID);
-    gisLayer(gisID).kind = formatOf(name);
+    GisLayer& layer = gisLayer(gisID);
+    layer.kind = formatOf(name);
+    layer.name = name;
     return gisID;
 }
 
@@ -51,8 +52,6 @@ int gisOpenLayer(std::string_view name) {
     } else {
         shpOpenInput(name, layer.shp[0], layer.dbf[0]);
     }
-    layer.open = true;
-    layer.name = name;
     return gisID;
 }
 
@@ -62,14 +61,9 @@ int gisCreateLayer(std::string_view name, std::string_view shapeFamilies, FieldD
     layer.writing = true;
     if (layer.kind == GisKind::mif) {
         gisMifOpen(name, "O ", layer.mif);
-    } else {
-        shpOpenFamilies(name, shapeFamilies, layer);
-    }
-    layer.open = true;
-    layer.name = name;
-    if (layer.kind == GisKind::mif) {
         gisMifWriteHeader(fields, layer.mif.mifUnit);
     } else {
+        shpOpenFamilies(name, shapeFamilies, layer);
         shpWriteLayerHeaders(layer, fields);
     }
     return gisID;
@@ -91,7 +85,7 @@ void gisCloseLayer(int& gisID) {
         if (layer.writing) shpFinishLayer(layer);
         shpCloseFiles(layer);
     }
-    layer.open = layer.writing = false;
+    layer.writing = false;
     layer.kind = GisKind::none;
     gisID = 0;
 }

@@ -52,7 +52,7 @@ void gisReadHeader(int gisID) {
     if (layer.kind == GisKind::mif) {
         gisMifReadHeader(layer.mif);
     } else {
-        shpReadLayerHeader(layer.shp[0]);
+        shpReadHeader(layer.shp[0]);
         dbfReadHeader(layer.dbf[0]);
     }
 }

@@ -9,13 +9,13 @@ void gisCloseFile(int& unit, std::string_view failure) {
     if (unit > 0 && !tryCloseUnit(unit)) gisStop(failure);
 }
 
-void gisCheckNodes(std::int64_t requested, std::int32_t limit, std::string_view what) {
-    if (requested <= limit) return;
+void gisMakeRoom(ObjectNodes& nodes, std::int64_t count, std::string_view what) {
+    if (count <= nodes.maxNodes) return nodes.makeRoom(count);
     constexpr int kColumns = 8;
     stopWith("",
              MessageLine("ERROR 0310 - Exceeded number of allowable nodes in a single ", what, "."),
-             MessageLine("             Requested", IntegerText(requested, kColumns),
-                         "        Limit", IntegerText(limit, kColumns)));
+             MessageLine("             Requested", IntegerText(count, kColumns), "        Limit",
+                         IntegerText(nodes.maxNodes, kColumns)));
 }
 
 }  // namespace vantelgis

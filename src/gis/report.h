@@ -3,7 +3,9 @@
 #include <cstdint>
 #include <string_view>
 
+#include "gis/object.h"
 #include "run/stop.h"
+#include "run/unit_reading.h"
 #include "text/joined.h"
 #include "text/text.h"
 
@@ -23,8 +25,20 @@ template <typename... Parts>
 /// may be lost.
 void gisCloseFile(int& unit, std::string_view failure);
 
-/// The node limit of every reader: stops with ERROR 0310 when `requested` is above `limit`. `what`
-/// is "polyline or region" with the format's own word before it where it has one.
-void gisCheckNodes(std::int64_t requested, std::int32_t limit, std::string_view what);
+/// Makes room for `count` nodes of one object. ERROR 0310 when these are more than it may have;
+/// `what` is "polyline or region" with the format's own word before it where it has one.
+void gisMakeRoom(ObjectNodes& nodes, std::int64_t count, std::string_view what);
+
+/// What a failed read stops with: no byte was left, or the system reports a failure.
+struct ReadFailures {
+    std::string_view end;
+    std::string_view failed;
+};
+
+/// Goes on if a read gave what it should; stops with one of the messages otherwise.
+inline void gisRequireRead(ReadResult result, const ReadFailures& messages) {
+    if (result != ReadResult::ok)
+        gisStop(result == ReadResult::end ? messages.end : messages.failed);
+}
 
 }  // namespace vantelgis

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bit>
 #include <string_view>
 
 #include "run/platform.h"
@@ -31,6 +32,11 @@ struct OpenMode {
     Content content;
     Manner manner = Manner::usual;
 };
+
+/// How the numbers of such a file are stored.
+constexpr std::endian byteOrderOf(const OpenMode& mode) {
+    return mode.content == Content::bigEndianBytes ? std::endian::big : std::endian::little;
+}
 
 /// The mode of that code, whose trailing blank may lack; null for an unknown one.
 const OpenMode* findOpenMode(std::string_view code);

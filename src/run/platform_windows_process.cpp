@@ -17,12 +17,6 @@ namespace vantelgis::platform {
 
 namespace {
 
-constexpr DWORD kMostAtOnce = DWORD{1} << 30;  // of the bytes that one system call is handed
-
-DWORD atOnce(std::size_t size) {
-    return static_cast<DWORD>(std::min<std::size_t>(size, kMostAtOnce));
-}
-
 bool isConsole(HANDLE stream) {
     DWORD mode;
     return GetConsoleMode(stream, &mode) != 0;
@@ -125,8 +119,8 @@ bool takeArguments(int /*count*/, char** /*values*/, std::vector<std::string>& a
 std::size_t readStandardInput(char* out, std::size_t size) {
     const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
     if (isConsole(input)) return readConsole(input, out, size);
-    DWORD count = 0;
-    return ReadFile(input, out, atOnce(size), &count, nullptr) ? count : 0;
+    const std::int64_t count = readFile(reinterpret_cast<FileHandle>(input), out, size);
+    return count > 0 ? static_cast<std::size_t>(count) : 0;
 }
 
 void writeStandardOutput(const char* bytes, std::size_t size) {

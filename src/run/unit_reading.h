@@ -69,10 +69,7 @@ template <typename Number>
 ReadResult readValue(int unit, Number& value) {
     char bytes[sizeof(Number)];
     const ReadResult result = readBytes(unit, bytes, sizeof bytes);
-    if (result == ReadResult::ok) {
-        const bool bigEndian = fileOf(unit).mode->content == Content::bigEndianBytes;
-        value = bigEndian ? fromBigEndian<Number>(bytes) : fromLittleEndian<Number>(bytes);
-    }
+    if (result == ReadResult::ok) value = valueOf<Number>(bytes, byteOrderOf(*fileOf(unit).mode));
     return result;
 }
 

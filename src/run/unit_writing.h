@@ -114,8 +114,7 @@ class OutputLine {
 template <typename Number>
 void putValue(int unit, Number value) {
     OpenFile& file = makeRoom(unit, sizeof value);
-    const bool big = file.mode->content == Content::bigEndianBytes;
-    const auto bytes = bytesOf(value, big ? std::endian::big : std::endian::little);
+    const auto bytes = bytesOf(value, byteOrderOf(*file.mode));
     std::memcpy(file.buffer + file.end, bytes.data(), bytes.size());
     file.end += bytes.size();
 }

@@ -21,10 +21,9 @@ constexpr std::size_t kLengthOffset = 16;
 constexpr std::size_t kDescriptorBytes = 32;
 
 void readHeaderBytes(int unit, char* out, std::size_t size) {
-    const ReadResult result = readBytes(unit, out, size);
-    if (result == ReadResult::end)
-        gisStop("ERROR 0404 - End of .dbf file encountered whilst reading header.");
-    if (result == ReadResult::failed) gisStop("ERROR 0403 - Reading .dbf file header.");
+    gisRequireRead(readBytes(unit, out, size),
+                   {"ERROR 0404 - End of .dbf file encountered whilst reading header.",
+                    "ERROR 0403 - Reading .dbf file header."});
 }
 
 // The date and the sizes of header and record are passed over: the terminator and the field widths

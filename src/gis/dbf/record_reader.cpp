@@ -20,9 +20,8 @@ constexpr char kEndMark = 26;      // Ctrl+Z, as text files of the time ended
 constexpr std::size_t kLongestRecord = std::size_t{kMaxDbfFields} * 255;
 
 void requireBytes(ReadResult result) {
-    if (result == ReadResult::end)
-        gisStop("ERROR 0408 - End of .dbf file encountered whilst reading record.");
-    if (result == ReadResult::failed) gisStop("ERROR 0407 - Reading .dbf record.");
+    gisRequireRead(result, {"ERROR 0408 - End of .dbf file encountered whilst reading record.",
+                            "ERROR 0407 - Reading .dbf record."});
 }
 
 char readMark(int unit) {

@@ -34,6 +34,7 @@ constexpr Keyword kKeywords[] = {
     {"COLLECTION", ObjectKind::unknown},
 };
 constexpr std::string_view kCentre = "CENTER";
+constexpr std::string_view kLimited = "polyline or region";
 
 // A failed read of a number: the text ran out, or there is something else than a number.
 void requireNumber(Item item) {
@@ -115,9 +116,8 @@ bool matchKeyword(std::string_view line, std::size_t& c, GisObject& object) {
 std::string_view readScannedLine(int mifUnit) {
     std::string_view line;
     const ReadResult result = readLine(mifUnit, line);
-    if (result == ReadResult::end)
-        gisStop("ERROR 0322 - End of .mif file encountered whilst reading object type.");
-    if (result == ReadResult::failed) gisStop("ERROR 0321 - Reading .mif file object type.");
+    gisRequireRead(result, {"ERROR 0322 - End of .mif file encountered whilst reading object type.",
+                            "ERROR 0321 - Reading .mif file object type."});
     return withoutTrailingBlanks(line.substr(0, Line::capacity()));
 }
 
@@ -161,8 +161,7 @@ void readTwoNodes(std::string_view rest, ObjectNodes& nodes) {
 
 void readPart(int mifUnit, std::string_view countText, ObjectNodes& nodes) {
     nodes.n = takeNodeCount(countText, nodes.n);
-    gisMifCheckNodes(nodes.n, nodes.maxNodes);
-    nodes.makeRoom(nodes.n);
+    gisMakeRoom(nodes, nodes.n, kLimited);
     for (std::size_t i = 0; i < static_cast<std::size_t>(nodes.n); ++i) readNode(mifUnit, nodes, i);
 }
 
@@ -172,8 +171,7 @@ void readPolygon(int mifUnit, ObjectNodes& nodes) {
     const std::int32_t vertices = takeNodeCount(readNextLine(mifUnit), 0);
     const auto first = static_cast<std::size_t>(nodes.n);
     const std::int64_t n = std::int64_t{nodes.n} + vertices + 1;
-    gisMifCheckNodes(n, nodes.maxNodes);
-    nodes.makeRoom(n);
+    gisMakeRoom(nodes, n, kLimited);
     nodes.n = static_cast<std::int32_t>(n);
     for (std::size_t i = 0; i < static_cast<std::size_t>(vertices); ++i)
         readNode(mifUnit, nodes, first + i);
@@ -245,10 +243,6 @@ void gisMifReadObject(mifL_& layer, const GisObject& object, ObjectNodes& nodes)
         case ObjectKind::ellipse: nodes.n = 0; return;
         default: return;
     }
-}
-
-void gisMifCheckNodes(std::int64_t n, std::int32_t maxNodes) {
-    gisCheckNodes(n, maxNodes, "polyline or region");
 }
 
 }  // namespace vantelgis

@@ -29,9 +29,6 @@ bool gisMifObjectType(mifL_& layer, GisObject& object);
 /// read stop the run with ERROR 0308 or 0309.
 void gisMifReadObject(mifL_& layer, const GisObject& object, ObjectNodes& nodes);
 
-/// Stops with ERROR 0310 when `n` is above `maxNodes`.
-void gisMifCheckNodes(std::int64_t n, std::int32_t maxNodes);
-
 /// Reads the next line of a .mid, the attribute record of the object, as a view that is good until
 /// the next one. The file must have one: else ERROR 0254, with the object's name.
 std::string_view midReadRecord(int midUnit, const GisObject& object);

@@ -1,6 +1,5 @@
 #include "gis/dbf/writer.h"
 #include "gis/report.h"
-#include "gis/shp/bytes.h"
 #include "gis/shp/writer.h"
 #include "run/unit_writing.h"
 
@@ -36,7 +35,7 @@ void finishSet(shpL_& shp, dbfL_& dbf) {
     if (dbf.dbfUnit > 0) dbfFinish(dbf);
     if (shp.nObjects < 1) return;
     if (shp.shpUnit > 0) {
-        finishHeader(shp.shpUnit, shp.fileLength, shp);
+        finishHeader(shp.shpUnit, shp.offset, shp);
         gisCloseFile(shp.shpUnit, kFailure);
         gisCloseFile(shp.shpUnitBE, kFailure);
     }

@@ -2,7 +2,6 @@
 
 #include "gis/dbf/writer.h"
 #include "gis/report.h"
-#include "gis/shp/bytes.h"
 #include "gis/shp/writer.h"
 #include "run/unit_writing.h"
 
@@ -37,14 +36,11 @@ void shpWriteHeader(shpL_& shp, int unit, int twin) {
     constexpr std::size_t kHeaderBytes = 100;
     if (unit <= 0 || twin <= 0) stopShouldNotBeHere("shpnotopen");
     if (!emptyUnit(unit)) gisStop(kFailure);
-    shp.fileCode = 9994;  // by which every shapefile is known
-    shp.fileLength = kHeaderWords;
-    shp.version = 1000;
     char* out = reserve(unit, kHeaderBytes);
-    out = placeBig(out, shp.fileCode);
+    out = placeBig(out, std::int32_t{9994});  // by which every shapefile is known
     out = placeZeros(out, 20);
-    out = placeBig(out, shp.fileLength);
-    out = placeLittle(out, shp.version);
+    out = placeBig(out, kHeaderWords);
+    out = placeLittle(out, std::int32_t{1000});  // the version
     out = placeLittle(out, shp.shapeType);
     out = placeLittle(out, shp.xMin);
     out = placeLittle(out, shp.yMin);

@@ -12,33 +12,25 @@ namespace vantelgis {
 
 namespace {
 
+constexpr std::string_view kLimited = ".shp polyline or region";
 constexpr std::int64_t kBoxBytes = 32;  // of an object; nothing here needs it
 
 // What a failed read is called, while the fixed part of a record is read and while its coordinates
 // are. A count or table that makes no sense is a failed read as well.
-struct ReadMessages {
-    std::string_view end;
-    std::string_view failed;
-};
-constexpr ReadMessages kReadingType{
+constexpr ReadFailures kReadingType{
     "ERROR 0425 - End of .shp file encountered whilst reading object type.",
     "ERROR 0424 - Reading .shp file object type."};
-constexpr ReadMessages kReadingCoordinates{
+constexpr ReadFailures kReadingCoordinates{
     "ERROR 0430 - End of .shp file encountered whilst reading object coordinates.",
     "ERROR 0429 - Reading .shp file object coordinates."};
 
-void requireBytes(ReadResult result, const ReadMessages& messages) {
-    if (result == ReadResult::end) gisStop(messages.end);
-    if (result == ReadResult::failed) gisStop(messages.failed);
-}
-
-std::int32_t readInteger(int unit, const ReadMessages& messages) {
+std::int32_t readInteger(int unit, const ReadFailures& messages) {
     std::int32_t value = 0;
-    requireBytes(readValue(unit, value), messages);
+    gisRequireRead(readValue(unit, value), messages);
     return value;
 }
 
-std::int32_t readCount(int unit, const ReadMessages& messages) {
+std::int32_t readCount(int unit, const ReadFailures& messages) {
     const std::int32_t count = readInteger(unit, messages);
     if (count < 0) gisStop(messages.failed);
     return count;
@@ -46,10 +38,10 @@ std::int32_t readCount(int unit, const ReadMessages& messages) {
 
 // Reads the table of the parts' first points, counted from 0, and puts the number of points behind
 // it. The table has to start at 0 and must neither descend nor leave the points.
-void readParts(shpL_& shp, std::int32_t nPoints, const ReadMessages& messages) {
+void readParts(shpL_& shp, std::int32_t nPoints, const ReadFailures& messages) {
     char bytes[sizeof(std::int32_t) * kMaxParts];
     const auto n = static_cast<std::size_t>(shp.nParts);
-    requireBytes(readBytes(shp.shpUnit, bytes, n * sizeof(std::int32_t)), messages);
+    gisRequireRead(readBytes(shp.shpUnit, bytes, n * sizeof(std::int32_t)), messages);
     std::vector<std::int32_t>& starts = shp.partStarts;
     starts.resize(n + 1);
     for (std::size_t i = 0; i < n; ++i)
@@ -66,19 +58,19 @@ void passOverRest(shpL_& shp) {
         shp.unread += readCount(shp.shpUnit, kReadingType) * kPointBytes;
         shp.countAhead = false;
     }
-    requireBytes(skipBytes(shp.shpUnit, shp.unread), kReadingType);
+    gisRequireRead(skipBytes(shp.shpUnit, shp.unread), kReadingType);
     shp.unread = 0;
 }
 
 std::int32_t readRecordHead(int unit) {
     char head[12];  // record number, content length, shape type
-    requireBytes(readBytes(unit, head, sizeof head), kReadingType);
+    gisRequireRead(readBytes(unit, head, sizeof head), kReadingType);
     return fromLittleEndian<std::int32_t>(head + 8);
 }
 
 // The parts' table comes in with the head, so that what is left of the record is points alone.
 void readPolylineHead(shpL_& shp, GisObject& object) {
-    requireBytes(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
+    gisRequireRead(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
     shp.nParts = object.nParts = readCount(shp.shpUnit, kReadingType);
     if (shp.nParts >= kMaxParts) {
         gisStop("ERROR 0421 - Exceeded maximum number of parts in a .shp polyline.  Limit is ",
@@ -95,7 +87,7 @@ void readPolylineHead(shpL_& shp, GisObject& object) {
 // of rings is one of none.
 void readPolygonHead(shpL_& shp, GisObject& object) {
     object.kind = ObjectKind::region;
-    requireBytes(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
+    gisRequireRead(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
     object.nParts = readInteger(shp.shpUnit, kReadingType);
     if (object.nParts >= kMaxParts) {
         gisStop("ERROR 0422 - Exceeded maximum number of regions within a .shp region.  Limit is ",
@@ -109,7 +101,7 @@ void readPolygonHead(shpL_& shp, GisObject& object) {
 // Its points are given one by one, as often as they are asked for.
 void readMultiPointHead(shpL_& shp, GisObject& object) {
     object.kind = ObjectKind::multiPoint;
-    requireBytes(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
+    gisRequireRead(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
     object.nParts = readCount(shp.shpUnit, kReadingType);
     shp.unread = object.nParts * kPointBytes;
 }
@@ -122,14 +114,10 @@ void readMultiPointHead(shpL_& shp, GisObject& object) {
 void readNodes(shpL_& shp, ObjectNodes& nodes, std::size_t first, std::size_t count) {
     const std::int64_t bytes = static_cast<std::int64_t>(count) * kPointBytes;
     if (bytes > shp.unread) stopShapeless();
-    requireBytes(shpReadPoints(shp.shpUnit, nodes.x.data() + first, nodes.y.data() + first, count),
-                 kReadingCoordinates);
+    gisRequireRead(
+        shpReadPoints(shp.shpUnit, nodes.x.data() + first, nodes.y.data() + first, count),
+        kReadingCoordinates);
     shp.unread -= bytes;
-}
-
-void makeRoom(std::int64_t count, ObjectNodes& nodes) {
-    gisCheckNodes(count, nodes.maxNodes, ".shp polyline or region");
-    nodes.makeRoom(count);
 }
 
 void readOnePoint(shpL_& shp, ObjectNodes& nodes) {
@@ -141,7 +129,7 @@ void readNextPart(shpL_& shp, ObjectNodes& nodes) {
     if (shp.nextPart >= shp.nParts) stopShapeless();
     const auto part = static_cast<std::size_t>(shp.nextPart++);
     nodes.n = shp.partStarts[part + 1] - shp.partStarts[part];
-    makeRoom(nodes.n, nodes);
+    gisMakeRoom(nodes, nodes.n, kLimited);
     readNodes(shp, nodes, 0, nodes.size());
 }
 
@@ -159,7 +147,7 @@ void readPolygon(shpL_& shp, ObjectNodes& nodes) {
     shp.countAhead = false;
     shp.unread = nPoints * kPointBytes;
     readParts(shp, nPoints, kReadingCoordinates);
-    makeRoom(std::int64_t{nPoints} + shp.nParts, nodes);
+    gisMakeRoom(nodes, std::int64_t{nPoints} + shp.nParts, kLimited);
     nodes.n = 0;
     nodes.ringEnds.clear();
     for (std::size_t ring = 0; ring < static_cast<std::size_t>(shp.nParts); ++ring)

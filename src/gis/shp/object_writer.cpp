@@ -3,7 +3,6 @@
 #include <limits>
 
 #include "gis/report.h"
-#include "gis/shp/bytes.h"
 #include "gis/shp/points.h"
 #include "gis/shp/shape_types.h"
 #include "gis/shp/writer.h"
@@ -67,7 +66,6 @@ char* startRecord(shpL_& shp, ShapeType type, std::int64_t contentWords, char* o
     putIndex(shp, content);
     shp.recordType = type;
     shp.offset = static_cast<std::int32_t>(end);
-    shp.fileLength = shp.offset;
     out = placeBig(out, ++shp.nObjects);
     out = placeBig(out, content);
     return placeLittle(out, shp.recordType);

@@ -12,26 +12,9 @@ namespace vantelgis {
 // strictly forward, by the counts in each record; the record numbers and lengths and the .shx are
 // not used.
 
-/// What the 100 bytes of a main header say in the byte order of the unit they are read through: the
-/// code and length are right in the big-endian view, everything else in the little-endian one.
-struct ShpHeader {
-    std::int32_t code = 0;
-    std::int32_t length = 0;  ///< of the file, in 16-bit words
-    std::int32_t version = 0;
-    std::int32_t type = 0;
-    double xMin = 0;
-    double yMin = 0;
-    double xMax = 0;
-    double yMax = 0;
-};
-
-/// Goes back to the start and reads the main header; the unit then stands at the first record.
-/// Nothing happens for a unit that is not above 0.
-ShpHeader shpReadHeader(int unit);
-
-/// Reads the header of a layer just opened through both of its units into `shp`, shows it on the
-/// console and closes the big-endian unit.
-void shpReadLayerHeader(shpL_& shp);
+/// Reads the header of a layer just opened through both of its units, shows it on the console and
+/// closes the big-endian unit; the other one then stands at the first record.
+void shpReadHeader(shpL_& shp);
 
 /// Goes back to the first record.
 void shpRewind(shpL_& shp);

@@ -1,3 +1,0 @@
-#pragma once
-
-#include "run/byte_order.h"
