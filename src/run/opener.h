@@ -15,8 +15,8 @@ void openUnit(int& unit, std::string_view mode, std::string_view name);
 /// missing, offers to close a file that is open in this program, and waits for an output that can't
 /// be opened, without limit. `name` becomes the name that was opened; `label` describes the file in
 /// the question for a name, blank for none. `unit` is the unit to use, of the table or a number of
-/// the host's own; below 1 it ends the run. It becomes 0 when an append
-/// to an existing file fails, and stays for an unknown mode.
+/// the host's own; below 1 it ends the run. It becomes 0 when an append to an existing file fails,
+/// and stays for an unknown mode.
 void openOnUnit(int& unit, TextRef name, std::string_view mode, std::string_view label);
 
 /// Closes the file of a unit with a line on the console, frees the unit and sets `unit` to 0. A

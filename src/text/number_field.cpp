@@ -7,64 +7,15 @@
 #include <cstdint>
 #include <cstring>
 
+#include "text/joined.h"
+
 namespace vantelgis {
 
 namespace {
 
 __extension__ using Wide = unsigned __int128;
 
-constexpr int kMaxDecimals = 19;
 constexpr int kMostDigits = 20;
-struct PowersOfTen {
-    std::uint64_t of[kMaxDecimals + 1] = {1};
-    constexpr PowersOfTen() {
-        for (int i = 1; i <= kMaxDecimals; ++i) of[i] = of[i - 1] * 10;
-    }
-};
-constexpr PowersOfTen kPowersOfTen;
-
-// The hundred pairs 00 to 99: two digits are written at a time.
-struct DigitPairs {
-    char text[200] = {};
-    constexpr DigitPairs() {
-        for (int i = 0; i < 100; ++i) {
-            text[2 * i] = static_cast<char>('0' + i / 10);
-            text[2 * i + 1] = static_cast<char>('0' + i % 10);
-        }
-    }
-};
-constexpr DigitPairs kPairs;
-
-constexpr int kDigits = 24;  // of the widest 64-bit number, with leading zeros
-constexpr std::uint64_t kTenTo8 = 100'000'000;
-
-void writePair(char* out, std::uint32_t value) {
-    std::memcpy(out, kPairs.text + 2 * value, 2);
-}
-
-void writeEightDigits(char* out, std::uint32_t value) {
-    const std::uint32_t high = value / 10000;
-    const std::uint32_t low = value % 10000;
-    writePair(out, high / 100);
-    writePair(out + 2, high % 100);
-    writePair(out + 4, low / 100);
-    writePair(out + 6, low % 100);
-}
-
-// Writes kDigits digits: divisions by constants, and none that waits for all the others.
-void writeDigits(char* out, std::uint64_t value) {
-    const std::uint64_t high = value / kTenTo8;
-    writeEightDigits(out + 16, static_cast<std::uint32_t>(value % kTenTo8));
-    writeEightDigits(out + 8, static_cast<std::uint32_t>(high % kTenTo8));
-    writeEightDigits(out, static_cast<std::uint32_t>(high / kTenTo8));
-}
-
-// How many digits `value` has without leading zeros, at least 1.
-int countDigits(std::uint64_t value) {
-    const int bits = static_cast<int>(std::bit_width(value | 1));
-    const int atLeast = bits * 1233 >> 12;  // times the logarithm of 2
-    return atLeast + (value >= kPowersOfTen.of[atLeast] ? 1 : 0) + (value == 0 ? 1 : 0);
-}
 
 char* asterisks(char* out, int width) {
     std::memset(out, '*', static_cast<std::size_t>(width));
@@ -85,13 +36,13 @@ std::uint64_t roundToEven(std::uint64_t whole, Rest rest, Rest half) {
     return rest > half || (rest == half && (whole & 1) != 0) ? whole + 1 : whole;
 }
 
-// The integer nearest to |value| * 10^decimals, which is below 2^63; ties to even.
-std::uint64_t scaledToNearest(std::uint64_t bits, int decimals) {
+// The integer nearest to |value| * power, which is below 2^63; ties to even.
+std::uint64_t scaledToNearest(std::uint64_t bits, std::uint64_t power) {
     const int biased = static_cast<int>(bits >> 52 & 0x7FF);
     std::uint64_t mantissa = bits & ((std::uint64_t{1} << 52) - 1);
     if (biased != 0) mantissa |= std::uint64_t{1} << 52;
     const int shift = 1075 - (biased != 0 ? biased : 1);  // |value| = mantissa / 2^shift
-    const Wide scaled = static_cast<Wide>(mantissa) * kPowersOfTen.of[decimals];
+    const Wide scaled = static_cast<Wide>(mantissa) * power;
     if (shift <= 0) return static_cast<std::uint64_t>(scaled << -shift);
     if (shift >= 127) return 0;  // scaled is below 2^117, less than half a unit
     if (shift < 64) {
@@ -128,35 +79,20 @@ char* fixedField(char* out, double value, int width, int decimals) {
         return rightJustified(out, width, word);
     }
     constexpr double kLimit = 9223372036854775808.0;  // 2^63
-    if (!(std::fabs(value) * static_cast<double>(kPowersOfTen.of[decimals]) < kLimit / 2))
+    const std::uint64_t power = powerOfTen(decimals);
+    if (!(std::fabs(value) * static_cast<double>(power) < kLimit / 2))
         return largeField(out, value, width, decimals);
 
-    std::uint64_t bits;
-    std::memcpy(&bits, &value, sizeof bits);
-    const std::uint64_t scaled = scaledToNearest(bits, decimals);
-    const bool negative = bits >> 63 != 0;
-
-    const int wholeDigits = std::max(countDigits(scaled) - decimals, 1);
-    int length = (negative ? 1 : 0) + wholeDigits + 1 + decimals;
-    if (length == width + 1 && scaled < kPowersOfTen.of[decimals] && decimals > 0)
-        --length;  // the zero before the point gives way
-    if (length > width) return asterisks(out, width);
-
-    // All copies are of fixed size, which costs a few moves; what they carry too far to the left is
-    // overwritten by what follows.
-    char digits[3 * kDigits];
-    writeDigits(digits + kDigits, scaled);
-    const char* const point = digits + 2 * kDigits - decimals;  // where the point belongs
-    char text[2 * kMaxFieldWidth + kDigits];
-    char* const end = text + 2 * kMaxFieldWidth;
-    std::memcpy(end - decimals, point, kDigits);
-    end[-decimals - 1] = '.';
-    std::memcpy(end - decimals - 1 - kDigits, point - kDigits, kDigits);
-    char* const begin = end - length;
-    std::memset(begin - kMaxFieldWidth, ' ', kMaxFieldWidth);
-    if (negative) *begin = '-';
-    std::memcpy(out, end - width, static_cast<std::size_t>(width));
-    return out + width;
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    const std::uint64_t scaled = scaledToNearest(bits, power);
+    const ZeroPaddedText text(static_cast<std::int64_t>(scaled), decimals + 1);
+    const std::string_view digits = text;
+    const std::string_view sign = bits >> 63 != 0 ? "-" : "";
+    std::string_view whole = digits.substr(0, digits.size() - static_cast<std::size_t>(decimals));
+    const std::string_view fraction = digits.substr(whole.size());
+    const bool oneShort = sign.size() + digits.size() == static_cast<std::size_t>(width);
+    if (oneShort && scaled < power && decimals > 0) whole = {};  // the zero gives way
+    return rightJustified(out, width, Joined<kMaxFieldWidth>(sign, whole, ".", fraction));
 }
 
 char* integerField(char* out, std::int64_t value, int width) {

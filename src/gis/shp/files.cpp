@@ -50,11 +50,6 @@ const Family& familyOf(char letter) {
     stopAtFamilies();
 }
 
-// What is still open of a set when its layer is closed holds nothing but a header.
-void closeIfOpen(int& unit) {
-    gisCloseFile(unit, "ERROR 0437 - Writing .shp file header.");
-}
-
 }  // namespace
 
 void shpOpenInput(std::string_view name, shpL_& shp, dbfL_& dbf) {
@@ -79,15 +74,13 @@ void shpOpenFamilies(std::string_view name, std::string_view shapeFamilies, GisL
     }
 }
 
+// What is still open of a set when its layer is closed holds nothing but a header.
 void shpCloseFiles(GisLayer& layer) {
     for (std::size_t k = 0; k < kFamilies; ++k) {
         shpL_& shp = layer.shp[k];
-        closeIfOpen(shp.shpUnit);
-        closeIfOpen(shp.shpUnitBE);
-        closeIfOpen(shp.shxUnit);
-        closeIfOpen(shp.shxUnitBE);
-        closeIfOpen(shp.prjUnit);
-        closeIfOpen(layer.dbf[k].dbfUnit);
+        for (int* unit : {&shp.shpUnit, &shp.shpUnitBE, &shp.shxUnit, &shp.shxUnitBE, &shp.prjUnit,
+                          &layer.dbf[k].dbfUnit})
+            gisCloseFile(*unit, "ERROR 0437 - Writing .shp file header.");
     }
 }
 
