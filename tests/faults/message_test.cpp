@@ -127,8 +127,10 @@ TEST(ACallThatCannotBeMet, StopsWithItsMessage) {
         {[] { gisReadHeader(0); }, "Should not be here gisReadHeader[gisID=0] - please contact "},
         {[] { gisAtEnd(101); }, " Should not be here [gisAtEnd] - please contact "},
         {[] { gisAtEnd(1); }, " Should not be here [gisAtEnd] - please contact "},
-        {[&] { gisCloseLayer(unit); },
-         "SOFTWARE CHECK - Trying to close a GIS Layer that's not open.  Please contact "},
+        // The run goes on.
+        {[&] { gisCloseLayer(unit), open("A ", "new"); },
+         "SOFTWARE CHECK - Trying to close a GIS Layer that's not open.  Please contact "
+         "support@vantelgis.example.\n Trying to open file new..."},
         {[] { gisCreateLayer("a.shp", "PX", {}); },
          "Should not be here [OpenshpFileType] - please contact "},
         {[&] { shpWriteObject({}, {}, shp); },

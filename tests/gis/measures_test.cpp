@@ -29,7 +29,7 @@ TEST(Measures, TellWhereAnObjectLies) {
               "9 9 0 9 0 8 -> 4 9 180 10", "0 0 0 2 4 2 -> 1 2 0 6", "0 0 0 2 2 2 -> 0 2 90 4");
     // Behind a square its first two vertices are repeated: they do not count twice.
     checkRows(measured<ObjectKind::region>, "0 0 9 0 9 6 0 6 0 0 9 0 -> 4.5 3 0 0",
-              "1 1 1 1 -> 0 0 0 0");
+              "1 1 1 1 -> 0 0 0 0", "7 8 1 1 7 8 -> 7 8 0 0");
     checkRows(measured<ObjectKind::arc>, "1 2 3 4 -> 0 0 0 0");
     ObjectNodes nodes{2};
     nodes.centreRead = true;

@@ -17,7 +17,6 @@ constexpr std::string_view kFailure = "ERROR 0437 - Writing .shp file header.";
 
 // The .prj is finished before the first object, so that a run which fails later leaves it whole.
 void writeProjection(shpL_& shp) {
-    if (shp.prjUnit <= 0) return;
     putLine(shp.prjUnit, gisShpProjCS);
     if (!flushUnit(shp.prjUnit)) gisStop(kFailure);
     gisCloseFile(shp.prjUnit, kFailure);
