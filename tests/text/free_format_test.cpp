@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 
 #include "support/rows.h"
@@ -43,6 +44,18 @@ std::string words(std::string_view text) {
     for (Text<20> word("-"); takeWord(list, word) != Item::end && result.size() < 50; word = "-")
         result += '[' + std::string(word.view()) + ']';
     return result;
+}
+
+TEST(FreeFormat, RealsOfAnyNumberOfDecimals) {
+    for (int n = 1; n < 20; ++n) {
+        const std::string text = '.' + std::string(static_cast<std::size_t>(n - 1), '0') + '7';
+        FreeFormat longList(text), shortList(text);
+        double value = 0;
+        float narrow = 0;
+        takeReal(longList, value), takeReal(shortList, narrow);
+        EXPECT_EQ(value, std::strtod(text.c_str(), nullptr)) << text;
+        EXPECT_EQ(narrow, std::strtof(text.c_str(), nullptr)) << text;
+    }
 }
 
 TEST(FreeFormat, Reals) {
