@@ -37,7 +37,7 @@ def figures_of(job, options, verdict):
     ratio = ours.cpu / theirs.cpu
     memory_mark = " "
     if job.table is not None:
-        limit = jobs.MEMORY_GOAL + job.table * data.vertices / MB
+        limit = job.memory + job.table * data.vertices / MB
         memory_mark = verdict.mark(f"{job.name}, peak MB", ours.peak, limit)
     print(f"{job.name:36} {data.vertices:9} {theirs.cpu:8.3f} {ours.cpu:8.3f} {ratio:6.2f}"
           f"{verdict.mark(job.name, ratio, job.goal)} {job.goal:5.2f} {megabytes / ours.cpu:7.0f} "

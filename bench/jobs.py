@@ -1,6 +1,8 @@
-"""What is measured: the program's runs, what each is put beside, and the goals. See README.md."""
+"""What is measured: the programs' runs, what each is put beside, and the goals. See README.md."""
 
+import contextlib
 import dataclasses
+import sqlite3
 import typing
 
 MILLION = 1_000_000
@@ -13,6 +15,27 @@ class Body(typing.NamedTuple):
     bare: str
     head: typing.Callable[[bytes], int]  # how long the head of ours is
     tail: int = 0
+
+    def agrees(self, folder):
+        mine = (folder / self.ours).read_bytes()
+        return (mine[self.head(mine[:4096]):len(mine) - self.tail] ==
+                (folder / self.bare).read_bytes())
+
+
+class Features(typing.NamedTuple):
+    """Two packages whose layer `strings` holds the same geometries and has the same index."""
+    ours: str
+    bare: str
+
+    def agrees(self, folder):
+        with contextlib.closing(sqlite3.connect(folder / self.ours)) as database:
+            database.execute("ATTACH ? AS bare", (str(folder / self.bare),))
+            return not any(
+                database.execute(f"SELECT {columns} FROM main.{table} EXCEPT "
+                                 f"SELECT {columns} FROM bare.{table} LIMIT 1").fetchall() or
+                database.execute(f"SELECT (SELECT count(*) FROM main.{table}) - "
+                                 f"(SELECT count(*) FROM bare.{table})").fetchone()[0]
+                for table, columns in (("strings", "fid, geom"), ("rtree_strings_geom", "*")))
 
 
 def head_lines(count):
@@ -46,6 +69,9 @@ class Job:
     bodies: tuple = ()             # what must agree with the bare loop
     table: typing.Optional[int] = 0  # bytes a vertex or point beyond the 8 MB; None: no limit
     others: tuple = ()             # arguments of ogr2ogr for the nearest thing it can do
+    program: tuple = ("vantelgis", "-b")
+    memory: float = 8.0            # MB beside those of `table`
+    before: str = ""               # arguments of the program that make what it reads
     quick: bool = True             # part of a quick run
 
 
@@ -102,6 +128,20 @@ def snapping(recipe, name, beside, goal, quick=False, table=8):
                table=table, quick=quick)
 
 
+def packages(length):
+    """Archives of strings of so many vertices to a package, and that package to an archive."""
+    shared = {"recipe": f"archive-{length}", "vertices": 4 * MILLION, "goal": 1.5,
+              "program": ("vantelgis-gpkg", "-q"), "memory": 64.0, "table": 0}
+    return (Job(f"archive -> package, strings of {length}", args="site.12da -o out.gpkg",
+                beside="archive-to-package site bare", reads=("site.12da",),
+                bodies=(Features("out.gpkg", "bare.gpkg"),),
+                others=("-f|GPKG|ogr.gpkg|lines.mif",), **shared),
+            Job(f"package -> archive, strings of {length}", args="out.gpkg -o out.12da",
+                beside="package-to-archive out bare", reads=("out.gpkg",),
+                bodies=(Body("out.12da", "bare.12da", head_lines(1)),),
+                others=as_layers("out.gpkg|strings"), before="site.12da -o out.gpkg", **shared))
+
+
 SHORT = ", short lines"
 
 JOBS = (
@@ -119,6 +159,8 @@ JOBS = (
     from_archive("shp", "super", ", super strings", 2 * MILLION, 1.3),
     from_archive("mif", "longest", ", one string", MILLION, 1.3, table=None),
     from_archive("shp", "longest", ", one string", MILLION, 1.3, table=None),
+    *packages(40),
+    *packages(4),
     snapping("snap-near", "half of the points near", "snapping ./ bare", 0.7, quick=True),
     snapping("snap-dense", "dense, beside no points", NO_POINTS, 2.0, quick=True),
     # These are there to show that no layout makes the search quadratic.
@@ -136,4 +178,3 @@ GROWING = {job: MILLION if job.name.startswith("results") else None
 ONE_LINE = JOBS[0]          # on a layer of a single line
 START_GOAL = 3.0, 4.0       # wall milliseconds and peak MB of such a run
 GROWTH_GOAL = 1.10          # of the time a vertex takes, from one size to the one ten times as large
-MEMORY_GOAL = 8.0           # MB beside the tables

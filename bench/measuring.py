@@ -63,7 +63,8 @@ class Data:
 
 
 def own(job):
-    return [str(BUILD / "src" / "vantelgis"), "-b", *job.args.split()]
+    name, *options = job.program
+    return [str(BUILD / "src" / name), *options, *job.args.split()]
 
 
 def beside(job):
@@ -76,6 +77,9 @@ def beside(job):
 def measure(job, data, runs):
     """The program and what it is put beside, in turns: a busy moment meets both."""
     ours, theirs = Best(), Best()
+    if job.before:
+        ours.run(own(dataclasses.replace(job, args=job.before)), data.folder)
+        ours = Best()
     for _ in range(runs):
         ours.run(own(job), data.folder)
         theirs.run(beside(job), data.folder)
@@ -94,9 +98,5 @@ def best_other(job, folder):
 
 
 def differing(job, folder):
-    """The program's files that are not, behind their heads, those of the bare loop."""
-    def agree(body):
-        mine = (folder / body.ours).read_bytes()
-        return (mine[body.head(mine[:4096]):len(mine) - body.tail] ==
-                (folder / body.bare).read_bytes())
-    return [body.ours for body in job.bodies if not agree(body)]
+    """The program's files that are not what the bare loop wrote."""
+    return [body.ours for body in job.bodies if not body.agrees(folder)]

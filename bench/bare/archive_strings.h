@@ -37,7 +37,8 @@ class DataBlocks {
     }
 
     // The next vertex of the block; false behind the last one.
-    bool vertex(double& x, double& y, float& z) {
+    template <typename Elevation>
+    bool vertex(double& x, double& y, Elevation& z) {
         const char* p = in_.line();
         if (p == nullptr) return false;
         p = behindBlanks(p);

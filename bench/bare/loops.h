@@ -14,6 +14,8 @@ using Loop = void(const std::string& in, const std::string& out);
 Loop mifToArchive, shpToArchive;
 // site.12da to out.mif with its .mid, or to out_L and out_P with their three files each.
 Loop archiveToMif, archiveToShp;
+// site.12da to the layer `strings` of out.gpkg with its spatial index, and back.
+Loop archiveToPackage, packageToArchive;
 // points.mif or points.shp to symbols.
 Loop mifResults, shpResults;
 // points.mif and lines.mif to 3D strings, the points that no vertex took and the lines that end

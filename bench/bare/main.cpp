@@ -12,9 +12,14 @@ struct NamedLoop {
     bench::Loop* run;
 };
 constexpr NamedLoop kLoops[] = {
-    {"mif-to-archive", bench::mifToArchive}, {"shp-to-archive", bench::shpToArchive},
-    {"archive-to-mif", bench::archiveToMif}, {"archive-to-shp", bench::archiveToShp},
-    {"mif-results", bench::mifResults},      {"shp-results", bench::shpResults},
+    {"mif-to-archive", bench::mifToArchive},
+    {"shp-to-archive", bench::shpToArchive},
+    {"archive-to-mif", bench::archiveToMif},
+    {"archive-to-shp", bench::archiveToShp},
+    {"archive-to-package", bench::archiveToPackage},
+    {"package-to-archive", bench::packageToArchive},
+    {"mif-results", bench::mifResults},
+    {"shp-results", bench::shpResults},
     {"snapping", bench::snapping},
 };
 

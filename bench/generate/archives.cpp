@@ -119,6 +119,42 @@ std::int64_t archiveOfSuperStrings(const std::string& folder, std::int64_t wante
     return vertices;
 }
 
+namespace {
+
+std::int64_t archiveOfEqualStrings(const std::string& folder, std::int64_t wanted,
+                                   std::int64_t count) {
+    Random random;
+    Output out(folder + "/site.12da");
+    putHead(out, folder, "false");
+    Output mif(folder + "/lines.mif"), mid(folder + "/lines.mid");
+    putMifHead(mif, 1, "  Number Decimal(10,0)\n");
+    std::int64_t vertices = 0;
+    for (std::int64_t string = 1; vertices < wanted; ++string, vertices += count) {
+        beginString(out, "3d", string);
+        out << "  data {\r\n";
+        mif << "Pline " << count << "\n";
+        mid << string << "\n";
+        Place place = somewhere(random);
+        for (std::int64_t i = 0; i < count; ++i) {
+            putVertex(out, random, place);
+            mif << place;
+            step(random, place);
+        }
+        out << "  }\r\n}\r\n";
+    }
+    return vertices;
+}
+
+}  // namespace
+
+std::int64_t archiveOfForties(const std::string& folder, std::int64_t wanted) {
+    return archiveOfEqualStrings(folder, wanted, 40);
+}
+
+std::int64_t archiveOfFours(const std::string& folder, std::int64_t wanted) {
+    return archiveOfEqualStrings(folder, wanted, 4);
+}
+
 std::int64_t archiveOfOneString(const std::string& folder, std::int64_t vertices) {
     Random random;
     Output out(folder + "/site.12da");

@@ -23,6 +23,8 @@ constexpr NamedRecipe kRecipes[] = {
     {"archive-super", bench::archiveOfSuperStrings},
     {"archive-longest", bench::archiveOfOneString},
     {"archive-short", bench::archiveOfShortStrings},
+    {"archive-40", bench::archiveOfForties},
+    {"archive-4", bench::archiveOfFours},
     {"snap-near", bench::snapNear},
     {"snap-dense", bench::snapDense},
     {"snap-line", bench::snapOnLine},

@@ -20,6 +20,8 @@ Recipe mifResults, shpResults;
 // with a level, then with null words among the elevations; one string of all vertices; strings of 4
 // vertices with ten attributes.
 Recipe archiveOf3dStrings, archiveOfSuperStrings, archiveOfOneString, archiveOfShortStrings;
+// Strings of 40 and of 4 vertices with elevations; beside them lines.mif with the same lines.
+Recipe archiveOfForties, archiveOfFours;
 
 // lines.mif, points.mif and, as points that cost nothing, none.mif. One point to five vertices, at
 // most a million. Half of the points near a vertex; a point on every vertex; all on one north-south

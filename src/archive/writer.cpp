@@ -7,6 +7,7 @@ namespace vantelgis {
 namespace {
 
 constexpr std::string_view kBlockEnd = "  }\r\n";
+constexpr std::string_view kStringEnd = "  }\r\n}\r\n\r\n";
 
 void addSize(OutputLine& line, const D12Symbol& symbol) {
     line.fixed<10, 4>(static_cast<double>(symbol.size));
@@ -52,24 +53,23 @@ void d12BeginString(int unit, std::string_view type, std::string_view name) {
     line.end();
 }
 
-void d12BeginString(int unit, const D12StringHead& head) {
-    OutputLine line{unit, 512};
+void d12BeginString(OutputLine& line, const D12StringHead& head) {
     const auto add = [&line](std::string_view word, std::string_view value) {
         if (value.empty()) return;
         line.text(word);
         line.text(value);
-        line.end();
     };
     line.text("string ");
-    add(head.type, " {");
-    line.text("  name      \"");
-    add(head.name, "\"");
-    add("  chainage  ", head.chainage);
-    add("  breakline ", head.breakline);
-    add("  colour    ", head.colour);
-    add("  style     ", head.style);
-    add("  z         ", head.level);
-    line.text("\r\n  data {");
+    line.text(head.type);
+    line.text(" {\r\n  name      \"");
+    line.text(head.name);
+    line.text("\"");
+    add("\r\n  chainage  ", head.chainage);
+    add("\r\n  breakline ", head.breakline);
+    add("\r\n  colour    ", head.colour);
+    add("\r\n  style     ", head.style);
+    add("\r\n  z         ", head.level);
+    line.text("\r\n\r\n  data {");
     line.end();
 }
 
@@ -84,7 +84,12 @@ void d12AddElevation(OutputLine& line, float z) {
 }
 
 void d12EndString(int unit) {
-    put(unit, "  }\r\n}\r\n\r\n");
+    put(unit, kStringEnd);
+}
+
+void d12EndString(OutputLine& line) {
+    line.text(kStringEnd);
+    line.handOver();
 }
 
 void d12BeginLocations(int unit) {

@@ -32,7 +32,7 @@ struct D12StringHead {
     std::string_view style = "1";
     std::string_view level;  ///< of a 2d string, its `z` line
 };
-void d12BeginString(int unit, const D12StringHead& head);
+void d12BeginString(OutputLine& line, const D12StringHead& head);
 
 /// Room for the lines of many vertices or symbols at a time.
 inline constexpr std::size_t kLinesRoom = 16384;
@@ -44,6 +44,7 @@ void d12AddElevation(OutputLine& line, float z);
 
 /// Writes the end of a string's data and of the string.
 void d12EndString(int unit);
+void d12EndString(OutputLine& line);
 
 /// A result at a place: an arrow of this size that points, in degrees, in that direction.
 struct D12Symbol {

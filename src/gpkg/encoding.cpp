@@ -37,6 +37,16 @@ char32_t fromWindows1252(char byte) {
     return kWindows1252[code - kFirstOther];
 }
 
+// Text of characters below 80 (hexadecimal), without the zero byte, is the same in all spellings.
+bool isAscii(std::string_view bytes) {
+    unsigned others = 0;
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        others |= (code - 1U) | code;
+    }
+    return (others & 0x80U) == 0;
+}
+
 // What the first byte of a character of UTF-8 says: bytes that follow, bits of its own, the
 // smallest character that needs so many.
 struct Lead {
@@ -122,6 +132,10 @@ void appendUtf8(std::string& text, char32_t character) {
 }
 
 void decode(std::string& text, std::string_view bytes, Encoding encoding, bool cut) {
+    if (isAscii(bytes)) {
+        text = bytes;
+        return;
+    }
     text.clear();
     const std::string_view whole = cut ? bytes.substr(0, startOfCutCharacter(bytes)) : bytes;
     const bool utf8 =

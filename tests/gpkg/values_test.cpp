@@ -162,26 +162,23 @@ TEST(Colours, NamesAndShades) {
 
 TEST(CleanText, WhatALineOfAnArchiveCanHold) {
     TextChanges changes;
-    std::string clean;
-    cleanText(clean, "\"a\"\r\n///  \xFF  ", changes);
-    EXPECT_EQ(clean, "'a'  / / /  \xEF\xBF\xBD");
+    std::string room;
+    EXPECT_EQ(cleanText("\"a\"\r\n///  \xFF  ", room, changes), "'a'  / / /  \xEF\xBF\xBD");
     EXPECT_EQ(changes.quotes, 2);
     EXPECT_EQ(changes.lineEnds, 2);
     EXPECT_EQ(changes.slashes, 2);
-    cleanText(clean, "{Data} {}", changes);
-    EXPECT_EQ(clean, "(Data) ()");
-    cleanText(clean, "{a}", changes);
-    EXPECT_EQ(clean, "{a}");
+    EXPECT_EQ(cleanText("{Data} {}", room, changes), "(Data) ()");
+    EXPECT_EQ(cleanText("{a}", room, changes), "{a}");
     EXPECT_EQ(changes.braces, 1);
-    cleanText(clean, std::string(99, 'x') + "é", changes);
-    EXPECT_EQ(clean, std::string(99, 'x'));
-    cleanText(clean, std::string(98, 'x') + "é", changes);
-    EXPECT_EQ(clean.size(), 100U);
-    EXPECT_EQ(changes.cut, 1);
+    EXPECT_EQ(cleanText("plain text ", room, changes), "plain text");
+    EXPECT_EQ(cleanText(std::string(99, 'x') + "é", room, changes), std::string(99, 'x'));
+    EXPECT_EQ(cleanText(std::string(98, 'x') + "é", room, changes).size(), 100U);
+    EXPECT_EQ(cleanText(std::string(101, 'x'), room, changes).size(), 100U);
+    EXPECT_EQ(changes.cut, 2);
     std::string line;
-    for (const std::string_view value : {"red", "dark red", "", "a{b", "-1.5", "x,y"})
-        appendValue(line, value);
-    EXPECT_EQ(line, "red\"dark red\"\"\"\"a{b\"-1.5\"x,y\"");
+    for (const std::string_view value : {"red", "dark red", "", "a{b", "-1.5", "x,y", "red  "})
+        line += attributeValue(value, room, changes);
+    EXPECT_EQ(line, "red\"dark red\"\"\"\"a{b\"-1.5\"x,y\"red");
 }
 
 }  // namespace

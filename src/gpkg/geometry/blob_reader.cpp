@@ -3,6 +3,9 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
+#include <limits>
+#include <span>
 
 #include "gpkg/geometry/wkb.h"
 #include "run/byte_order.h"
@@ -81,14 +84,35 @@ BlobResult takeHead(Cursor& cursor, GeometryHead& head) {
     return splitType(code, head) ? BlobResult::taken : BlobResult::badType;
 }
 
-BlobResult takeVertex(Cursor& cursor, const GeometryHead& head, Vertex& vertex) {
-    vertex.z = kNoElevation;
-    double measure = 0;
-    if (!cursor.take(vertex.x) || !cursor.take(vertex.y) || (head.hasZ && !cursor.take(vertex.z)) ||
-        (head.hasM && !cursor.take(measure)))
-        return BlobResult::cutShort;
-    const bool finite = std::isfinite(vertex.x) && std::isfinite(vertex.y) && !std::isinf(vertex.z);
-    return finite ? BlobResult::taken : BlobResult::badNumber;
+Vertex vertexAt(const char* bytes, std::endian order, bool hasZ) {
+    constexpr std::size_t kSize = sizeof(double);
+    return {valueOf<double>(bytes, order), valueOf<double>(bytes + kSize, order),
+            hasZ ? valueOf<double>(bytes + 2 * kSize, order) : kNoElevation};
+}
+
+// As many vertices as there is room for; their bytes are there. Most are stored as memory has them.
+void placeVertices(const Cursor& cursor, const GeometryHead& head, std::span<Vertex> vertices) {
+    const char* bytes = cursor.bytes.data();
+    if (cursor.order == std::endian::native && head.hasZ && !head.hasM) {
+        static_assert(sizeof(Vertex) == 3 * sizeof(double));
+        if (!vertices.empty()) std::memcpy(vertices.data(), bytes, vertices.size_bytes());
+        return;
+    }
+    for (Vertex& vertex : vertices) {
+        vertex = vertexAt(bytes, cursor.order, head.hasZ);
+        bytes += head.vertexSize();
+    }
+}
+
+// A finite number less itself is 0, any other is not a number; z may be that, but not infinite.
+bool areFinite(std::span<const Vertex> vertices) {
+    double nothing = 0;
+    bool infinite = false;
+    for (const Vertex& vertex : vertices) {
+        nothing += (vertex.x - vertex.x) + (vertex.y - vertex.y);
+        infinite |= std::fabs(vertex.z) > std::numeric_limits<double>::max();
+    }
+    return nothing == 0 && !infinite;
 }
 
 void endPart(Shape& shape, const GeometryHead& head) {
@@ -100,27 +124,26 @@ void endPart(Shape& shape, const GeometryHead& head) {
 
 // A point without coordinates is how an empty one is stored.
 BlobResult takePoint(Cursor& cursor, const GeometryHead& head, Shape& shape) {
-    Vertex vertex{};
-    const BlobResult result = takeVertex(cursor, head, vertex);
-    if (result == BlobResult::badNumber && std::isnan(vertex.x) && std::isnan(vertex.y))
-        return BlobResult::taken;
-    if (result != BlobResult::taken) return result;
+    if (cursor.bytes.size() < head.vertexSize()) return BlobResult::cutShort;
+    const Vertex vertex = vertexAt(cursor.bytes.data(), cursor.order, head.hasZ);
+    cursor.bytes.remove_prefix(head.vertexSize());
+    if (std::isnan(vertex.x) && std::isnan(vertex.y)) return BlobResult::taken;
+    if (!areFinite({&vertex, 1})) return BlobResult::badNumber;
     shape.vertices.push_back(vertex);
     endPart(shape, head);
-    return result;
+    return BlobResult::taken;
 }
 
 BlobResult takeVertices(Cursor& cursor, const GeometryHead& head, Shape& shape) {
     std::uint32_t count = 0;
-    if (!cursor.take(count) || cursor.bytes.size() / head.vertexSize() < count)
-        return BlobResult::cutShort;
-    for (; count > 0; --count) {
-        Vertex vertex{};
-        const BlobResult result = takeVertex(cursor, head, vertex);
-        if (result != BlobResult::taken) return result;
-        shape.vertices.push_back(vertex);
-    }
-    return BlobResult::taken;
+    const std::size_t size = head.vertexSize();
+    if (!cursor.take(count) || cursor.bytes.size() / size < count) return BlobResult::cutShort;
+    const std::size_t start = shape.vertices.size();
+    shape.vertices.resize(start + count);
+    const std::span<Vertex> vertices = std::span(shape.vertices).subspan(start);
+    placeVertices(cursor, head, vertices);
+    cursor.bytes.remove_prefix(count * size);
+    return areFinite(vertices) ? BlobResult::taken : BlobResult::badNumber;
 }
 
 BlobResult takeLine(Cursor& cursor, const GeometryHead& head, Shape& shape) {

@@ -30,7 +30,7 @@ enum class BlobResult {
 /// dropped; a vertex stored without z, or with one that isn't a number, has none. An empty
 /// geometry, or part, gives no part. The rectangle in the head is passed over: it may lie. No count
 /// in the blob is believed before the bytes for it are there. Anything but `taken` leaves `shape`
-/// with what was read so far.
+/// unfinished.
 [[nodiscard]] BlobResult readBlob(std::string_view blob, Shape& shape);
 
 }  // namespace vantelgis::gpkg

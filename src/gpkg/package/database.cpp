@@ -98,15 +98,6 @@ bool Statement::isNull(int column) const {
     return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL;
 }
 
-bool Statement::isBlob(int column) const {
-    return sqlite3_column_type(statement_.get(), column) == SQLITE_BLOB;
-}
-
-bool Statement::isNumber(int column) const {
-    const int type = sqlite3_column_type(statement_.get(), column);
-    return type == SQLITE_INTEGER || type == SQLITE_FLOAT;
-}
-
 std::int64_t Statement::integer(int column) const {
     return sqlite3_column_int64(statement_.get(), column);
 }
@@ -115,19 +106,29 @@ double Statement::real(int column) const {
     return sqlite3_column_double(statement_.get(), column);
 }
 
-// The pointer has to be asked for first: the conversion to text gives the length.
+std::optional<double> Statement::number(int column) const {
+    sqlite3_value* const value = sqlite3_column_value(statement_.get(), column);
+    const int type = sqlite3_value_type(value);
+    if (type != SQLITE_INTEGER && type != SQLITE_FLOAT) return std::nullopt;
+    return sqlite3_value_double(value);
+}
+
+// A column is looked up once, as there are many: what that gives is no safe ground for several
+// threads, of which there are none. The pointer of a text has to be asked for first: the conversion
+// to text gives the length.
 std::string_view Statement::text(int column) const {
-    const unsigned char* const bytes = sqlite3_column_text(statement_.get(), column);
-    const int length = sqlite3_column_bytes(statement_.get(), column);
+    sqlite3_value* const value = sqlite3_column_value(statement_.get(), column);
+    const unsigned char* const bytes = sqlite3_value_text(value);
     if (bytes == nullptr) return {};
-    return {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length)};
+    return {reinterpret_cast<const char*>(bytes),
+            static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 std::string_view Statement::blob(int column) const {
-    const void* const bytes = sqlite3_column_blob(statement_.get(), column);
-    const int length = sqlite3_column_bytes(statement_.get(), column);
+    sqlite3_value* const value = sqlite3_column_value(statement_.get(), column);
+    const void* const bytes = sqlite3_value_blob(value);
     if (bytes == nullptr) return {};
-    return {static_cast<const char*>(bytes), static_cast<std::size_t>(length)};
+    return {static_cast<const char*>(bytes), static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 void Database::Closer::operator()(sqlite3* database) const {
@@ -135,6 +136,9 @@ void Database::Closer::operator()(sqlite3* database) const {
 }
 
 Database::Database(std::string_view file, std::string_view name, int flags) : file_(file) {
+    // Nobody else is in the process, and nobody asks how much memory is taken: no locks for that.
+    [[maybe_unused]] static const int configured =
+        sqlite3_config(SQLITE_CONFIG_SINGLETHREAD) | sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
     sqlite3* opened = nullptr;
     const int result =
         sqlite3_open_v2(std::string(name).c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX, nullptr);

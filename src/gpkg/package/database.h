@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -38,11 +39,11 @@ class Statement {
 
     [[nodiscard]] int columns() const;
     [[nodiscard]] bool isNull(int column) const;
-    [[nodiscard]] bool isBlob(int column) const;
-    [[nodiscard]] bool isNumber(int column) const;
     [[nodiscard]] std::int64_t integer(int column) const;
     [[nodiscard]] double real(int column) const;
-    /// Views are valid until the next row.
+    /// Nothing where the value is no number.
+    [[nodiscard]] std::optional<double> number(int column) const;
+    /// The bytes of any value, none of NULL. Views are valid until the next row.
     [[nodiscard]] std::string_view text(int column) const;
     [[nodiscard]] std::string_view blob(int column) const;
 

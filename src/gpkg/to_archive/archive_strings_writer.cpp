@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "archive/writer.h"
 #include "gpkg/platform.h"
@@ -26,11 +27,15 @@ constexpr double kSurePlace = 9'999'999.0;
 constexpr double kSureElevation = 9'999.0;
 
 // A number that fits its columns; behind another one it must leave a blank, or the two are one.
-bool fits(double value, int width, int decimals, double surely) {
-    if (std::fabs(value) < surely) return true;
+bool fits(double value, int width, int decimals) {
     char field[kMaxFieldWidth];
     fixedField(field, value, width, decimals);
     return field[0] != '*' && std::isfinite(value);
+}
+
+bool surelyFits(const Vertex& vertex) {
+    return std::fabs(vertex.x) < kSurePlace && std::fabs(vertex.y) < kSurePlace &&
+           !(std::fabs(vertex.z) >= kSureElevation);
 }
 
 bool readsAsNull(double z) {
@@ -91,8 +96,7 @@ void ArchiveStringsWriter::failAt(const Feature& feature, std::string_view reaso
 }
 
 void ArchiveStringsWriter::beginModel(std::string_view model) {
-    cleanText(clean_, model, counts_.changes);
-    d12WriteModel(unit_, clean_);
+    d12WriteModel(unit_, cleanText(model, name_, counts_.changes));
     ++counts_.models;
 }
 
@@ -120,9 +124,10 @@ void ArchiveStringsWriter::writePart(const Feature& feature, std::span<const Ver
         failAt(feature,
                "it has more than 1000000 vertices in one line, the most that readers of "
                "archives take");
-    writeHead(feature, is3d);
-    writeVertices(feature, vertices, is3d);
-    d12EndString(unit_);
+    OutputLine line{unit_, kLinesRoom};
+    writeHead(line, feature, is3d);
+    writeVertices(line, feature, vertices, is3d);
+    d12EndString(line);
     ++counts_.strings;
 }
 
@@ -130,56 +135,50 @@ std::string_view ArchiveStringsWriter::attribute(const Feature& feature, Attribu
                                                  std::string_view otherwise, std::string& text) {
     if (!feature.layer->has(which)) return otherwise;
     if (feature.text(which).empty()) return {};
-    cleanText(clean_, feature.text(which), counts_.changes);
-    text.clear();
-    appendValue(text, clean_);
-    return text;
+    return attributeValue(feature.text(which), text, counts_.changes);
 }
 
-void ArchiveStringsWriter::writeHead(const Feature& feature, bool is3d) {
+void ArchiveStringsWriter::writeHead(OutputLine& line, const Feature& feature, bool is3d) {
     D12StringHead head;
     head.type = is3d ? "3d" : "2d";
-    cleanText(name_, feature.text(Attribute::name), counts_.changes);
-    head.name = name_;
+    head.name = cleanText(feature.text(Attribute::name), name_, counts_.changes);
     head.breakline = attribute(feature, Attribute::breakline, head.breakline, breakline_);
     head.colour = attribute(feature, Attribute::colour, head.colour, colour_);
     head.style = attribute(feature, Attribute::style, head.style, style_);
     const NumberText chainage{feature.chainage.value_or(0)};
-    const NumberText level{feature.level.value_or(0)};
     if (feature.chainage) head.chainage = chainage;
     if (!feature.chainage && feature.layer->has(Attribute::chainage)) head.chainage = {};
+    std::optional<NumberText> level;
     if (!is3d && feature.level) {
         if (std::fabs(*feature.level) > static_cast<double>(std::numeric_limits<float>::max()))
             failAt(feature, "its z is too large for an archive");
         if (readsAsNull(*feature.level)) ++counts_.nullLike;
-        head.level = level;
+        head.level = level.emplace(*feature.level);
     }
-    d12BeginString(unit_, head);
+    d12BeginString(line, head);
 }
 
 void ArchiveStringsWriter::requireFit(const Feature& feature, const Vertex& vertex,
                                       bool is3d) const {
-    const bool whole = fits(vertex.x, kPlaceWidth, kPlaceDecimals, kSurePlace) &&
-                       fits(vertex.y, kPlaceWidth - 1, kPlaceDecimals, kSurePlace) &&
-                       (!is3d || !hasElevation(vertex) ||
-                        fits(vertex.z, kElevationWidth - 1, kElevationDecimals, kSureElevation));
+    const bool whole =
+        fits(vertex.x, kPlaceWidth, kPlaceDecimals) &&
+        fits(vertex.y, kPlaceWidth - 1, kPlaceDecimals) &&
+        (!is3d || !hasElevation(vertex) || fits(vertex.z, kElevationWidth - 1, kElevationDecimals));
     if (!whole)
         failAt(feature, joined("the vertex ", NumberText(vertex.x), " ", NumberText(vertex.y), " ",
                                hasElevation(vertex) ? NumberText(vertex.z) : NumberText(0),
                                " doesn't fit into the columns of an archive"));
 }
 
-void ArchiveStringsWriter::writeVertices(const Feature& feature, std::span<const Vertex> vertices,
-                                         bool is3d) {
-    OutputLine line{unit_, kLinesRoom};
+void ArchiveStringsWriter::writeVertices(OutputLine& line, const Feature& feature,
+                                         std::span<const Vertex> vertices, bool is3d) {
     for (const Vertex& vertex : vertices) {
-        requireFit(feature, vertex, is3d);
+        if (!surelyFits(vertex)) requireFit(feature, vertex, is3d);
         d12AddVertex(line, vertex.x, vertex.y);
         if (is3d) {
-            const bool has = hasElevation(vertex);
-            if (has && readsAsNull(vertex.z)) ++counts_.nullLike;
-            line.fixed(has ? vertex.z : static_cast<double>(kWrittenNull), kElevationWidth,
-                       kElevationDecimals);
+            if (readsAsNull(vertex.z)) ++counts_.nullLike;
+            line.fixed<kElevationWidth, kElevationDecimals>(
+                hasElevation(vertex) ? vertex.z : static_cast<double>(kWrittenNull));
         }
         line.end();
     }

@@ -8,6 +8,7 @@
 #include "gpkg/geometry/shape.h"
 #include "gpkg/to_archive/clean_text.h"
 #include "gpkg/to_archive/feature_reader.h"
+#include "run/unit_writing.h"
 
 namespace vantelgis::gpkg {
 
@@ -42,8 +43,9 @@ class ArchiveStringsWriter {
 
   private:
     void writePart(const Feature& feature, std::span<const Vertex> vertices, bool is3d);
-    void writeHead(const Feature& feature, bool is3d);
-    void writeVertices(const Feature& feature, std::span<const Vertex> vertices, bool is3d);
+    void writeHead(OutputLine& line, const Feature& feature, bool is3d);
+    void writeVertices(OutputLine& line, const Feature& feature, std::span<const Vertex> vertices,
+                       bool is3d);
     void requireFit(const Feature& feature, const Vertex& vertex, bool is3d) const;
     // A layer without the field says what the converter says; a feature without a value says
     // nothing.
@@ -56,11 +58,10 @@ class ArchiveStringsWriter {
     std::string package_;
     int unit_ = 0;
     WriteCounts counts_;
-    std::string name_;  // the texts of the string being written
+    std::string name_;  // room for the texts of the string being written
     std::string colour_;
     std::string style_;
     std::string breakline_;
-    std::string clean_;
 };
 
 }  // namespace vantelgis::gpkg

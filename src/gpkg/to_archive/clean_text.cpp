@@ -1,6 +1,8 @@
 #include "gpkg/to_archive/clean_text.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 
 #include "gpkg/encoding.h"
 #include "gpkg/report.h"
@@ -20,6 +22,29 @@ constexpr bool isPlain(char c) {
     return isLetter(c) || isDigit(c) || c == '_' || c == '-' || c == '.' || c == '+';
 }
 
+// Characters that need no change wherever they stand.
+constexpr bool isHarmless(char c) {
+    return c >= ' ' && c < 0x7f && c != '"' && c != '/' && c != '{' && c != '}';
+}
+
+// Every character of a text is known to be fine: `fine` says of each code whether it is.
+using Characters = std::array<bool, 256>;
+constexpr Characters charactersThat(bool (*fine)(char)) {
+    Characters table{};
+    for (std::size_t code = 0; code < table.size(); ++code)
+        table[code] = fine(static_cast<char>(code));
+    return table;
+}
+constexpr Characters kPlain = charactersThat(isPlain);
+constexpr Characters kHarmless = charactersThat(isHarmless);
+
+bool standsAsItIs(std::string_view text, const Characters& fine) {
+    if (text.empty()) return true;
+    return text.size() <= kLongestText && text.back() != ' ' &&
+           std::all_of(text.begin(), text.end(),
+                       [&fine](char c) { return fine[static_cast<unsigned char>(c)]; });
+}
+
 // A reader of archives takes any line with a brace and one of these words for the start of a block,
 // whatever stands around them.
 void roundBraces(std::string& text, TextChanges& changes) {
@@ -32,7 +57,8 @@ void roundBraces(std::string& text, TextChanges& changes) {
 
 }  // namespace
 
-void cleanText(std::string& clean, std::string_view text, TextChanges& changes) {
+std::string_view cleanText(std::string_view text, std::string& clean, TextChanges& changes) {
+    if (standsAsItIs(text, kHarmless)) return text;
     std::string whole;
     decode(whole, text, Encoding::utf8, false);
     clean.clear();
@@ -52,16 +78,18 @@ void cleanText(std::string& clean, std::string_view text, TextChanges& changes) 
     }
     roundBraces(clean, changes);
     clean.resize(withoutTrailingBlanks(clean).size());
-    if (clean.size() <= kLongestText) return;
+    if (clean.size() <= kLongestText) return clean;
     clean.resize(withoutTrailingBlanks(cutUtf8(clean, kLongestText)).size());
     ++changes.cut;
+    return clean;
 }
 
-void appendValue(std::string& line, std::string_view clean) {
-    const bool plain = !clean.empty() && std::all_of(clean.begin(), clean.end(), isPlain);
-    if (!plain) line += '"';
-    line += clean;
-    if (!plain) line += '"';
+std::string_view attributeValue(std::string_view text, std::string& room, TextChanges& changes) {
+    if (!text.empty() && standsAsItIs(text, kPlain)) return text;
+    std::string cleaned;
+    const std::string_view clean = cleanText(text, cleaned, changes);
+    if (!clean.empty() && standsAsItIs(clean, kPlain)) return room = clean;
+    return room = joined("\"", clean, "\"");
 }
 
 void reportChanges(const TextChanges& changes) {

@@ -19,12 +19,15 @@ struct TextChanges {
 /// Bytes of a name, or another text of a string, that a reader of archives keeps.
 inline constexpr std::size_t kLongestText = 100;
 
-/// Makes `clean` of a text that can stand between double quotes in a line of an archive: valid
-/// UTF-8, without blanks at its end.
-void cleanText(std::string& clean, std::string_view text, TextChanges& changes);
+/// A text as it can stand between double quotes in a line of an archive: valid UTF-8, without
+/// blanks at its end. Most texts are that already and come back as they are; others are made in
+/// `room`.
+[[nodiscard]] std::string_view cleanText(std::string_view text, std::string& room,
+                                         TextChanges& changes);
 
-/// A value as attribute lines have it: a plain word as it stands, anything else in quotes.
-void appendValue(std::string& line, std::string_view clean);
+/// A value as attribute lines have it: a plain word as it stands, anything else cleaned, in quotes.
+[[nodiscard]] std::string_view attributeValue(std::string_view text, std::string& room,
+                                              TextChanges& changes);
 
 void reportChanges(const TextChanges& changes);
 

@@ -20,16 +20,17 @@ constexpr int columnOf(Attribute attribute) {
     return kFirstAttribute + static_cast<int>(attribute);
 }
 
-// A number, or a text that is one. Asked for before the text, which would be made of the number.
+// A number, or a text that is one.
 std::optional<double> numberIn(const Statement& row, Attribute attribute) {
-    const int column = columnOf(attribute);
-    double number = row.real(column);
-    if (!row.isNumber(column)) {
-        const std::string_view text = row.text(column);
-        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    std::optional<double> number = row.number(columnOf(attribute));
+    if (!number) {
+        const std::string_view text = row.text(columnOf(attribute));
+        if (text.empty()) return std::nullopt;
+        const auto [end, error] =
+            std::from_chars(text.data(), text.data() + text.size(), number.emplace());
         if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
     }
-    return std::isfinite(number) ? std::optional(number) : std::nullopt;
+    return std::isfinite(*number) ? number : std::nullopt;
 }
 
 }  // namespace
@@ -65,16 +66,14 @@ void FeatureReader::take(Statement& row, const LineLayer& layer, Feature& featur
     feature.number = row.integer(kNumberColumn);
     feature.shape.clear();
     if (!row.isNull(kGeometryColumn)) {
-        const std::string_view blob =
-            row.isBlob(kGeometryColumn) ? row.blob(kGeometryColumn) : std::string_view{};
-        const BlobResult result = readBlob(blob, feature.shape);
+        const BlobResult result = readBlob(row.blob(kGeometryColumn), feature.shape);
         if (result != BlobResult::taken)
             fail(database_.file(), ", layer ", layer.table, ", feature ", feature.number, ": ",
                  wordsOf(result), ". Nothing was written");
     }
     feature.chainage = numberIn(row, Attribute::chainage);
     feature.level = numberIn(row, Attribute::z);
-    for (std::size_t i = 0; i < kAttributes; ++i)
+    for (std::size_t i = 0; i < kTextAttributes; ++i)
         feature.texts[i] = row.text(columnOf(static_cast<Attribute>(i)));
     auto& model = feature.texts[static_cast<std::size_t>(Attribute::model)];
     if (model.empty()) model = defaultModel(layer);

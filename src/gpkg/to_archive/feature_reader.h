@@ -18,7 +18,7 @@ namespace vantelgis::gpkg {
 struct Feature {
     const LineLayer* layer = nullptr;
     std::int64_t number = 0;
-    std::array<std::string_view, kAttributes> texts;  ///< by attribute; empty where there is none
+    std::array<std::string_view, kTextAttributes> texts;  ///< empty where there is none
     std::optional<double> chainage;
     std::optional<double> level;
     Shape shape;  ///< without parts where the feature has no geometry

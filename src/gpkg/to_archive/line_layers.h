@@ -14,10 +14,11 @@
 namespace vantelgis::gpkg {
 
 /// What a field of a layer can say of a string.
-enum class Attribute : std::size_t { name, model, colour, style, breakline, chainage, z, type };
+enum class Attribute : std::size_t { name, model, colour, style, breakline, type, chainage, z };
 inline constexpr std::size_t kAttributes = 8;
+inline constexpr std::size_t kTextAttributes = 6;  ///< the first ones; the others are numbers
 inline constexpr std::string_view kAttributeNames[kAttributes] = {
-    "name", "model", "colour", "style", "breakline", "chainage", "z", "type"};
+    "name", "model", "colour", "style", "breakline", "type", "chainage", "z"};
 
 /// A layer whose features become strings.
 struct LineLayer {

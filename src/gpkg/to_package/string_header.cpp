@@ -39,15 +39,12 @@ void assignValue(std::string& target, std::string_view value) {
     target = word.view();
 }
 
-struct TextAttribute {
-    std::string_view word;
-    std::string StringHeader::*target;
-};
-constexpr TextAttribute kTexts[] = {
-    {"colour", &StringHeader::colour},       {"color", &StringHeader::colour},
-    {"style", &StringHeader::style},         {"model", &StringHeader::model},
-    {"breakline", &StringHeader::breakline},
-};
+bool takeText(std::string_view line, std::string_view word, std::string& target) {
+    std::string_view value;
+    if (!takeValue(line, word, value)) return false;
+    assignValue(target, value);
+    return true;
+}
 
 }  // namespace
 
@@ -62,19 +59,26 @@ void StringHeader::begin(std::int64_t lineNumber, std::string_view typeText) {
     named = levelled = closed = false;
 }
 
-// `name` and `z` are looked for as the converter does: any line that begins so.
+// `name` and `z` are looked for as the converter does: any line that begins so. The first letter
+// decides, as there are as many of these lines as vertices in an archive of short strings.
 void StringHeader::take(std::string_view text) {
-    if (beginsWith(text, "name")) {
-        named = true;
-        return;
+    if (text.empty()) return;
+    switch (toUpper(text.front())) {
+        case 'N': named = named || beginsWith(text, "name"); break;
+        case 'Z': levelled = true; break;
+        case 'M': takeText(text, "model", model); break;
+        case 'S': takeText(text, "style", style); break;
+        case 'B': takeText(text, "breakline", breakline); break;
+        case 'C':
+            if (!takeText(text, "colour", colour) && !takeText(text, "color", colour))
+                takeClosedOrChainage(text);
+            break;
+        default: break;
     }
-    if (beginsWith(text, "z")) {
-        levelled = true;
-        return;
-    }
+}
+
+void StringHeader::takeClosedOrChainage(std::string_view text) {
     std::string_view value;
-    for (const TextAttribute& row : kTexts)
-        if (takeValue(text, row.word, value)) return assignValue(this->*row.target, value);
     if (takeValue(text, "closed", value)) {
         closed = !value.empty() &&
                  std::string_view("1YyTt").find(value.front()) != std::string_view::npos;
@@ -86,10 +90,7 @@ void StringHeader::take(std::string_view text) {
 }
 
 bool takeModelLine(std::string_view line, std::string& model) {
-    std::string_view value;
-    if (!takeValue(line, "model", value)) return false;
-    assignValue(model, value);
-    return true;
+    return takeText(line, "model", model);
 }
 
 }  // namespace vantelgis::gpkg

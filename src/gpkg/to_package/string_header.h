@@ -9,7 +9,8 @@ namespace vantelgis::gpkg {
 
 /// What the lines between a string's header and its data say beside what the converter reads, in
 /// the bytes of the archive.
-struct StringHeader {
+class StringHeader {
+  public:
     std::int64_t line = 0;  ///< of the header, from 1
     std::string type;       ///< what stands between "string" and the brace
     std::string model;
@@ -25,6 +26,9 @@ struct StringHeader {
     void begin(std::int64_t lineNumber, std::string_view typeText);
     /// Looks at one more of its lines, without leading blanks.
     void take(std::string_view text);
+
+  private:
+    void takeClosedOrChainage(std::string_view text);
 };
 
 /// The value behind the word `model` at the start of a line; false for any other line.
