@@ -26,8 +26,8 @@ void readHeaderBytes(int unit, char* out, std::size_t size) {
                     "ERROR 0403 - Reading .dbf file header."});
 }
 
-// The date and the sizes of header and record are passed over: the terminator and the field widths
-// say the same and are never wrong.
+// The date and the sizes of header and record are passed over: in a plain table the terminator and
+// the field widths say the same. Where they don't, the first record begins with a wrong mark.
 std::int32_t readRecordCount(int unit) {
     constexpr std::size_t kCountOffset = 4;
     char header[32];
