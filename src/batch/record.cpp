@@ -119,11 +119,6 @@ void Record::addCount(std::string_view name, std::int64_t value) {
     if (value > 0) counts.emplace_back(name, value);
 }
 
-bool Record::has(Level level) const {
-    return std::any_of(findings.begin(), findings.end(),
-                       [level](const Finding& finding) { return finding.level == level; });
-}
-
 void writeMembers(const Record& record, JsonWriter& json, bool withPlan) {
     for (const NumberMember& number : kNumbers)
         json.key(number.name).integer(record.*number.member);

@@ -62,7 +62,6 @@ struct Record {
     std::string plan;                ///< paths for a drawing, when one is wanted
 
     void addCount(std::string_view name, std::int64_t value);
-    [[nodiscard]] bool has(Level level) const;
 };
 
 /// Appends the members of a record to an object that the caller has begun.

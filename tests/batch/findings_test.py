@@ -90,6 +90,8 @@ CASES = [
     ("nothing-to-convert", "", "l.mif", mif(POINT), mif(POINT + PLINE, '"a"\n"b"\n')),
     ("nothing-to-convert", "-results", "l.mif", mif(fields="V Float", records="1\n"),
      mif(POINT, "1\n", "V Float")),
+    ("nothing-to-convert", "-zln", "l.mif", zln("1\n", POINT), zln("1\n1\n")),
+    ("no-points", "-zln", "l.mif", zln("1\n", PLINE), zln("1\n1\n")),
     ("passed-over", "", "l.mif", mif(POINT + PLINE, '"a"\n"b"\n'), mif()),
     ("utf-16", "-mif", "l.12da", {"l.12da": archive(string3d())["l.12da"].encode("utf-16")},
      {"l.12da": b"\xef\xbb\xbf" + archive(string3d())["l.12da"].encode()}),
@@ -178,6 +180,13 @@ class Findings(Bench):
             self.assertEqual(done.verdicts["good.mif"], "ready")
             if look == "full":
                 self.assertIn("too-many-nodes", done.findings(0))
+        records = '"{}"\n'.format("r" * 1998) * 9000
+        self.write(mif(line * 9001, records + '"a\nb"\n', name="tail") |
+                   mif(line * 9000, records, name="wide"))
+        done = self.batch("--check", "tail.mif", "wide.mif")
+        self.assertIn("quoted-line-break", done.findings(0))
+        self.assertEqual(done.verdicts["wide.mif"], "ready")
+        self.assertIn("records of wide.mid behind the first", done.runs[1]["not_looked_at"])
 
     def test_the_list_of_findings_is_the_guide(self):
         done = subprocess.run([*BATCH, "--list-findings"], capture_output=True, check=True)

@@ -141,7 +141,8 @@ class Inputs(Bench):
         template = "{stem}_points.mif={stem}_lines.mif"
         cases = [(["-r", "z", "--pair", template], 2), (["@list.txt"], 1),
                  (["-r", "z", "--include", "p*", "--pair", template], 1),
-                 (["--pair", "z/q/q_points.mif=z/q/q_lines.mif"], 1),
+                 (["--pair", "z/q/q_points.mif=z/q/q_lines.mif",
+                   "--pair", "z/p/../q/q_points.mif=./z/q/q_lines.mif"], 1),
                  (["-r", ".", "--pair", "p/" + template.replace("=", "=p/")], 1)]
         for arguments, count in cases:
             with self.subTest(arguments=arguments):

@@ -209,6 +209,7 @@ Inputs collectInputs(const Options& options) {
     Inputs inputs = collector.take();
     leaveOutSideFiles(inputs);
     if (!options.pairs.empty()) joinPairs(options.pairs, inputs);
+    dropRepeatedPairs(inputs.items);
     std::uint32_t number = 0;
     for (Input& input : inputs.items) input.number = ++number;
     return inputs;

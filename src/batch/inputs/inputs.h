@@ -43,6 +43,9 @@ std::vector<ListedName> namesInList(std::string_view text, bool zeroBytes);
 /// their lines, all others go. What fits no pattern is noted.
 void joinPairs(const std::vector<std::pair<std::string, std::string>>& patterns, Inputs& inputs);
 
+/// Leaves out pairs that were named before, in whatever spelling.
+void dropRepeatedPairs(std::vector<Input>& items);
+
 /// Leaves out what lies beside the layers for their sake: files that give a coordinate system, and
 /// check layers of earlier runs.
 void leaveOutSideFiles(Inputs& inputs);

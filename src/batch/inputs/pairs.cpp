@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <optional>
+#include <unordered_map>
 
 #include "batch/files.h"
 #include "batch/inputs/inputs.h"
@@ -54,6 +55,11 @@ Side joinWith(const std::pair<std::string, std::string>& pattern, Input& input) 
     return lines ? Side::lines : Side::none;
 }
 
+std::string keyOf(const std::string& name) {
+    const std::string absolute = absoluteName(name);
+    return nameKey(absolute.empty() ? name : absolute);
+}
+
 }  // namespace
 
 void joinPairs(const std::vector<std::pair<std::string, std::string>>& patterns, Inputs& inputs) {
@@ -75,6 +81,29 @@ void joinPairs(const std::vector<std::pair<std::string, std::string>>& patterns,
     if (others > 0)
         inputs.notes.push_back(std::to_string(others) +
                                " files left out that fit neither side of --pair");
+}
+
+void dropRepeatedPairs(std::vector<Input>& items) {
+    std::unordered_multimap<std::size_t, std::size_t> places;  // by the hash of both names
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        bool repeated = false;
+        if (!items[i].second.empty()) {
+            const std::string points = keyOf(items[i].name);
+            const std::string lines = keyOf(items[i].second);
+            const std::size_t hash = std::hash<std::string>{}(points + '\n' + lines);
+            const auto [first, last] = places.equal_range(hash);
+            repeated = std::any_of(first, last, [&](const auto& place) {
+                const Input& other = items[place.second];
+                return keyOf(other.name) == points && keyOf(other.second) == lines;
+            });
+            if (!repeated) places.emplace(hash, kept);
+        }
+        if (repeated) continue;
+        if (i != kept) items[kept] = std::move(items[i]);
+        ++kept;
+    }
+    items.resize(kept);
 }
 
 }  // namespace vantelgis::batch

@@ -58,6 +58,7 @@ enum class Find {
     quotedName,
     // what is taken
     nothingToConvert,
+    noPoints,
     passedOver,
     // archives
     utf16,

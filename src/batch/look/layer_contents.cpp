@@ -172,7 +172,8 @@ void tellPassedOver(const LayersLook& all, const LayerWalk& walk) {
         total += count;
         kinds.append(kinds.empty() ? "" : ", ").append(counted(count, kKindNames[kind]));
     }
-    const bool nothing = walk.objects == total && !walk.stopped;
+    const bool pointsOfPair = walk.wantPoints && all.plan.secondHasLines;
+    const bool nothing = walk.objects == total && !walk.stopped && !pointsOfPair;
     const std::string_view wanted = walk.wantLines ? "lines or polylines" : "points";
     if (nothing)
         all.look.find(Find::nothingToConvert,
@@ -197,12 +198,8 @@ void runWalk(LayersLook& all, LayerWalk& walk) {
     lookAtTable(walk.file, table, all.look);
     if (walk.cut) {
         all.look.whole = false;
-        all.look.notLookedAt.append(all.look.notLookedAt.empty() ? "" : "; ")
-            .append("objects of ")
-            .append(namePart(walk.file))
-            .append(" behind the first ")
-            .append(grouped(walk.objects))
-            .append(", but for a sample of their heads");
+        all.look.leftOut("objects of " + std::string(namePart(walk.file)) + " behind the first " +
+                         grouped(walk.objects) + ", but for a sample of their heads");
         lookAtRestOfLayer(walk.file, walk.limit, walk.wantLines, all.look);
     }
     if (all.look.drawing.wanted() && walk.objects > all.look.expected.converted)

@@ -32,6 +32,8 @@ void lookAtDbf(const std::string& layer, const TableWish& wish, Look& look) {
     if (!table.readable) return;  // the reader has said so
     if (table.deleted > 0)
         look.find(Find::deletedRows, {counted(table.deleted, "row"), namePart(file)});
+    if (!table.whole)
+        look.leftOut("rows of " + std::string(namePart(file)) + " between the first and the last");
     if (table.asterisks > 0) look.find(Find::asteriskNumber, {counted(table.asterisks, "row")});
     if (table.deleted > 0) return;
     if (!wish.partial) return tellRecordCount(wish.objects, table.active, look);
@@ -42,33 +44,49 @@ void lookAtDbf(const std::string& layer, const TableWish& wish, Look& look) {
 }
 
 struct MidLines {
-    std::int64_t records = 0;      // without blank lines at the end
-    std::int64_t firstBroken = 0;  // the record with a line break within quotes, 0 for none
+    std::int64_t records = 0;  // without blank lines at the end
+    std::string broken;        // the first record with a line break within quotes
     bool whole = true;
 };
 
-MidLines countMidLines(const std::string& path, bool full) {
+bool hasOpenQuote(std::string_view line) {
+    return std::count(line.begin(), line.end(), '"') % 2 != 0;
+}
+
+// The records at the end of a file of which the first ones were read.
+void readLastMidLines(InputFile& file, MidLines& lines) {
+    std::string_view line;
+    file.startLinesAt(std::max(file.linePlace(), file.size() - kWholeSize / 16));
+    file.nextLine(line);  // what is left of the one before
+    while (lines.broken.empty() && file.nextLine(line) && pulse())
+        if (hasOpenQuote(line)) lines.broken = "near byte " + grouped(file.linePlace());
+}
+
+MidLines readMidLines(const std::string& path, bool full) {
     MidLines lines;
     InputFile file(path);
     const bool sampled = !full && file.size() > kWholeSize;
     std::string_view line;
     std::int64_t number = 0;
-    while (lines.firstBroken == 0 && file.nextLine(line) && pulse()) {
+    while (lines.broken.empty() && file.nextLine(line) && pulse()) {
         ++number;
         if (!line.empty()) lines.records = number;
-        if (std::count(line.begin(), line.end(), '"') % 2 != 0) lines.firstBroken = number;
-        if (sampled && file.linePlace() > kWholeSize / 4) {
-            lines.whole = false;
-            break;
-        }
+        if (hasOpenQuote(line)) lines.broken = grouped(number);
+        if (!sampled || file.linePlace() <= kWholeSize / 4) continue;
+        lines.whole = false;
+        readLastMidLines(file, lines);
+        break;
     }
     return lines;
 }
 
 void lookAtMid(const std::string& layer, const TableWish& wish, Look& look) {
-    const MidLines lines = countMidLines(findSister(layer, ".mid").file, wish.full);
-    if (lines.firstBroken > 0)
-        return look.find(Find::quotedLineBreak, {grouped(lines.firstBroken)});
+    const std::string file = findSister(layer, ".mid").file;
+    const MidLines lines = readMidLines(file, wish.full);
+    if (!lines.whole)
+        look.leftOut("records of " + std::string(namePart(file)) + " behind the first " +
+                     grouped(lines.records) + ", but for the last");
+    if (!lines.broken.empty()) return look.find(Find::quotedLineBreak, {lines.broken});
     if (!wish.partial && lines.whole) tellRecordCount(wish.objects, lines.records, look);
 }
 

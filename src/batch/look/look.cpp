@@ -26,10 +26,25 @@ void lookAtRoom(const RunPlan& plan, Look& look) {
               {grouped(wanted / kMegabyte + 1), grouped(room / kMegabyte), plan.targetFolder});
 }
 
+// 3D breaklines are of points and lines, in one layer or in two.
+void lookForBothSides(Look& look) {
+    const Expected& expected = look.expected;
+    if (!look.whole || look.hasError() || look.has(Find::nothingToConvert)) return;
+    if (expected.converted == 0)
+        look.find(Find::nothingToConvert,
+                  {"lines or polylines", counted(expected.points, "point")});
+    else if (expected.points == 0)
+        look.find(Find::noPoints, {counted(expected.converted, "line")});
+}
+
 }  // namespace
 
 void Look::find(Find find, std::initializer_list<std::string_view> seen) {
     findings.push_back(makeFinding(find, seen));
+}
+
+void Look::leftOut(std::string_view what) {
+    notLookedAt.append(notLookedAt.empty() ? "" : "; ").append(what);
 }
 
 bool Look::hasError() const {
@@ -53,6 +68,7 @@ Look lookAt(const Options& options, const RunPlan& plan, const LookWish& wish) {
         lookAtArchive(plan, wish, look);
     } else {
         lookAtLayers(plan, wish, look);
+        if (plan.conversion == Conversion::breaklines3d) lookForBothSides(look);
     }
     lookAtRoom(plan, look);
     return look;

@@ -46,6 +46,10 @@ struct Look {
     bool interrupted = false;
 
     void find(Find find, std::initializer_list<std::string_view> seen = {});
+    /// Another cure for what was found last, where more is known than in general.
+    void cure(std::string words) { findings.back().cure = std::move(words); }
+    /// Adds to what was not looked at.
+    void leftOut(std::string_view what);
     [[nodiscard]] bool hasError() const;
     [[nodiscard]] bool has(Find find) const;
 };

@@ -95,10 +95,36 @@ bool takeOwnProjection(const RunPlan& plan, const Search& search, Look& look) {
     return true;
 }
 
-std::string wantedProjection(const RunPlan& plan) {
-    if (plan.conversion != Conversion::breaklines3d)
-        return "Header.prj or Projection.prj in the folder";
-    return std::string(stemPart(namePart(plan.input))) + ".prj beside the layer";
+// What a run without one needs: -zln looks beside the layer, the others in the folder.
+void tellNoProjection(const RunPlan& plan, Look& look) {
+    const std::string own = std::string(stemPart(namePart(plan.input))) + ".prj";
+    const bool beside = plan.conversion == Conversion::breaklines3d;
+    look.find(Find::noProjection,
+              {beside ? own + " beside the layer" : "Header.prj or Projection.prj in the folder"});
+    if (beside)
+        look.cure("Copy the .prj of a layer in the same system to " + own + ".");
+    else if (!ownSource(plan).empty())
+        look.cure("Use --own-projection, which takes " + own + ".");
+    else
+        look.cure("Copy the .prj of a layer in the same system to Header.prj.");
+}
+
+// What can't be taken whole stops the run, or doesn't matter to it.
+void tellForm(const RunPlan& plan, const Search& search, const CoordinateSystem& taken,
+              Look& look) {
+    const bool stops = taken.line.empty() || resultCarriesProjection(plan.conversion);
+    const std::string name(namePart(search.file));
+    look.find(stops ? Find::projectionForm : Find::projectionFormUnused, {name, taken.fault});
+    if (!stops) return;
+    if (search.mif)
+        look.cure("Copy the CoordSys clause of a layer in the same system, on one line, to it.");
+    else if (taken.fault.find("GEOGCS") != std::string::npos)
+        look.cure(std::string(rowOf(Find::degrees).cure));
+    else
+        look.cure("gdalsrsinfo -o wkt_esri --single-line " + name +
+                  " > plain.prj, and rename "
+                  "plain.prj to " +
+                  name + ".");
 }
 
 void compareWithOwn(const RunPlan& plan, const Search& search, const CoordinateSystem& taken,
@@ -127,17 +153,11 @@ void lookAtProjection(const Options& options, const RunPlan& plan, Look& look) {
         if (search.mif)
             look.find(Find::noCoordSys, {"the folder has no Header.mif or Projection.mif"});
         else if (plan.second.empty())
-            look.find(Find::noProjection, {wantedProjection(plan)});
+            tellNoProjection(plan, look);
         return;
     }
     const CoordinateSystem taken = readCoordinateSystem(search.file, search.mif);
-    const bool carried = resultCarriesProjection(plan.conversion);
-    if (!taken.fault.empty()) {
-        const bool stops = taken.line.empty() || carried;
-        look.find(stops ? Find::projectionForm : Find::projectionFormUnused,
-                  {namePart(search.file), taken.fault});
-        return;
-    }
+    if (!taken.fault.empty()) return tellForm(plan, search, taken, look);
     compareWithOwn(plan, search, taken, look);
 }
 

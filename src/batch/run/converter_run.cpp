@@ -38,7 +38,7 @@ void findResults(const Scratch& scratch, const Look& look, const std::string& fo
     }
 }
 
-bool prepare(const RunPlan& plan, const Look& look, const Scratch& scratch) {
+bool prepare(const RunPlan& plan, const Look& look, Scratch& scratch) {
     if (!scratch.emptyRunFolder()) return false;
     const std::string run = scratch.runFolder();
     if (plan.link2.starts_with("2/") && !makeFolder(inFolder(run, kSecondFolder))) return false;
@@ -64,7 +64,7 @@ std::string timeStamp() {
 }  // namespace
 
 RunOutcome runConverter(const Options& options, const RunPlan& plan, const Look& look,
-                        const Scratch& scratch, void (*tick)()) {
+                        Scratch& scratch, void (*tick)()) {
     RunOutcome outcome;
     if (!prepare(plan, look, scratch)) {
         outcome.failure = "The folder of the run can't be made ready: " + lastFailure();

@@ -22,7 +22,7 @@ struct RunOutcome {
 
 /// Puts what the run reads into its folder, runs the converter there and finds what it made.
 RunOutcome runConverter(const Options& options, const RunPlan& plan, const Look& look,
-                        const Scratch& scratch, void (*tick)());
+                        Scratch& scratch, void (*tick)());
 
 /// Leaves the results beside their places as NAME.failed-TIME. Gives their names.
 std::vector<std::string> keepFailed(const Scratch& scratch, const std::vector<Move>& results);

@@ -96,15 +96,31 @@ bool Scratch::openHere(const std::string& target, std::vector<std::string>& note
     return false;
 }
 
-bool Scratch::emptyRunFolder() const {
+bool Scratch::emptyRunFolder() {
     std::vector<FolderEntry> entries;
     if (!listFolder(runFolder(), entries)) return false;
     bool emptied = true;
     for (const FolderEntry& entry : entries) {
         const std::string name = inFolder(runFolder(), entry.name);
-        if (!(entry.isFolder ? removeTree(name) : removeFile(name))) emptied = false;
+        const bool gone = entry.isFolder ? removeTree(name)
+                          : entry.isLink ? putAside(name)
+                                         : removeFile(name);
+        if (!gone) emptied = false;
     }
     return emptied && vantelgis::platform::emptyFile(console_);
+}
+
+// Links are removed many at a time: a file system without a journal searches long for a place for a
+// new one when others were removed in the minute before.
+bool Scratch::putAside(const std::string& link) {
+    constexpr int kMostAside = 10'000;
+    const std::string aside = inFolder(folder_, "used");
+    if (aside_ == kMostAside) {
+        removeTree(aside);
+        aside_ = 0;
+    }
+    if (aside_ == 0 && !makeFolder(aside)) return false;
+    return renameFile(link, inFolder(aside, std::to_string(aside_++)));
 }
 
 void Scratch::abandon() {
@@ -118,6 +134,7 @@ void Scratch::abandon() {
 void Scratch::close() {
     if (folder_.empty()) return;
     leaveFolder();
+    aside_ = 0;
     if (console_ != vantelgis::platform::kNoFile)
         static_cast<void>(vantelgis::platform::closeFile(console_));
     console_ = vantelgis::platform::kNoFile;

@@ -30,7 +30,7 @@ class Scratch {
     [[nodiscard]] const std::string& folder() const { return folder_; }
     /// The folder of the run, empty at its start.
     [[nodiscard]] std::string runFolder() const { return inFolder(folder_, "run"); }
-    bool emptyRunFolder() const;
+    bool emptyRunFolder();
 
     /// What the run writes to the console, from the start of the run on.
     [[nodiscard]] vantelgis::platform::FileHandle console() const { return console_; }
@@ -38,11 +38,13 @@ class Scratch {
 
   private:
     bool openHere(const std::string& target, std::vector<std::string>& notes);
+    bool putAside(const std::string& link);
 
     std::string target_;
     std::string base_;  // of all scratch folders there
     std::string folder_;
     LockFile lock_;
+    int aside_ = 0;  // links of earlier runs that are still to be removed
     vantelgis::platform::FileHandle console_ = vantelgis::platform::kNoFile;
 };
 

@@ -23,7 +23,7 @@ struct Frame {
 
 std::string svgStart(double height) {
     return "<svg class=\"plan\" viewBox=\"-15 -15 1030 " +
-           std::to_string(std::lround(height) + 30) + "\" role=\"img\">";
+           std::to_string(std::lround(height) + 30) + "\" role=\"img\" aria-label=\"plan\">";
 }
 
 bool readFrame(std::string_view plan, Frame& frame) {
@@ -66,7 +66,9 @@ std::string planView(const Record& record) {
     Frame frame;
     readFrame(plan, frame);
     plan.remove_prefix(head + 1);
-    std::string view = svgStart(frame.height) + "<g id=\"r" + std::to_string(record.number) + "\">";
+    const bool converted = record.verdict != Verdict::notRun && record.verdict != Verdict::failed;
+    std::string view = svgStart(frame.height) + "<g id=\"r" + std::to_string(record.number) +
+                       (converted ? "\">" : "\" class=\"off\">");
     for (; !plan.empty(); plan.remove_prefix(std::min(plan.find('\n'), plan.size() - 1) + 1)) {
         const std::string_view line = plan.substr(0, plan.find('\n'));
         const int shown = line.empty() ? kShown : line.front() - '0';
@@ -90,7 +92,14 @@ std::string planLegend() {
             .append(kMeanings[kind])
             .append("</span> ");
     }
-    return legend += "</p>";
+    return legend +=
+           "<span class=\"off\"><svg viewBox=\"0 0 30 10\"><path class=\"c\" d=\"M2 5h26\"/></svg>"
+           "not converted</span></p>";
+}
+
+std::size_t Overview::size() const {
+    constexpr std::size_t kMostOfOne = 100;
+    return placed_.size() * kMostOfOne;
 }
 
 void Overview::add(const Record& record) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,8 @@ std::string planLegend();
 class Overview {
   public:
     void add(const Record& record);
+    /// Bytes that the view may take.
+    [[nodiscard]] std::size_t size() const;
     /// One drawing of all that lie together; empty with fewer than two.
     [[nodiscard]] std::string view() const;
 

@@ -96,16 +96,19 @@ void printWhatToDo(const Record& record) {
     for (const Finding& finding : record.findings)
         add(levelName(finding.level), finding.words, finding.cure);
     for (const auto& [name, value] : record.counts)
-        text.append("  ").append(std::to_string(value)).append(" ").append(name) += '\n';
+        text.append("  ").append(name).append(": ").append(std::to_string(value)) += '\n';
     if (!record.notLookedAt.empty())
         text.append("  not looked at: ").append(readable(record.notLookedAt)) += '\n';
     printOut(text);
 }
 
+// That a result was there before is worth a word only until it is replaced.
 bool needsWords(const Record& record) {
-    return record.verdict == Verdict::suspicious || record.verdict == Verdict::notRun ||
-           record.verdict == Verdict::failed || record.has(Level::warning) ||
-           !record.notLookedAt.empty();
+    if (record.verdict != Verdict::well) return !record.findings.empty() || !record.reason.empty();
+    return !record.notLookedAt.empty() ||
+           std::any_of(record.findings.begin(), record.findings.end(), [](const Finding& finding) {
+               return !finding.name.starts_with("result-is-");
+           });
 }
 
 }  // namespace
