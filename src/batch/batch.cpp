@@ -131,6 +131,7 @@ int startBatch(Options& options, const std::vector<std::string>& arguments) {
 }  // namespace
 
 int runBatch(const std::vector<std::string>& arguments) {
+    if (arguments.empty()) return refuse("an argument is no text");
     Options options;
     int status = 0;
     if (!readOptions({arguments.begin() + 1, arguments.end()}, options, status)) return status;

@@ -125,6 +125,9 @@ std::string_view namePart(std::string_view path);
 /// Name without extension, and extension with its dot. A name's first dot begins no extension.
 std::string_view stemPart(std::string_view name);
 std::string_view extensionPart(std::string_view name);
+/// What a file or the converter's console says, as this program keeps its own texts: UTF-8 on
+/// Windows, where other bytes are of the ANSI page; on POSIX any bytes.
+std::string inOwnForm(std::string_view text);
 /// A name as a key that is equal for all names that the file system takes for the same.
 std::string nameKey(std::string_view name);
 

@@ -234,6 +234,10 @@ bool namesIgnoreCase() {
     return false;
 }
 
+std::string inOwnForm(std::string_view text) {
+    return std::string(text);
+}
+
 std::string nameKey(std::string_view name) {
     return std::string(name);
 }

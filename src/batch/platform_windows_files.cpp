@@ -13,19 +13,11 @@ namespace {
 using vantelgis::platform::FileHandle;
 using vantelgis::platform::kNoFile;
 using vantelgis::platform::systemName;
+using vantelgis::platform::utf8Text;
 using vantelgis::platform::wideText;
 
 constexpr DWORD kAllShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr std::int64_t kTicksTo1970 = 116444736000000000;  // of 100 nanoseconds, from 1601
-
-std::string utf8(const std::wstring& wide) {
-    const int size = static_cast<int>(wide.size());
-    std::string text(wide.size() * 4, '\0');
-    text.resize(static_cast<std::size_t>(
-        WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, text.data(),
-                            static_cast<int>(text.size()), nullptr, nullptr)));
-    return text;
-}
 
 HANDLE handleOf(FileHandle file) {
     return reinterpret_cast<HANDLE>(file);
@@ -54,7 +46,7 @@ std::string finalName(FileHandle file) {
                                           static_cast<DWORD>(name.size()), FILE_NAME_NORMALIZED));
     if (name.starts_with(LR"(\\?\UNC\)")) name.replace(0, 8, LR"(\\)");
     if (name.starts_with(LR"(\\?\)")) name.erase(0, 4);
-    return utf8(name);
+    return utf8Text(name);
 }
 
 // The longest name that a folder may have which somebody works in.
@@ -92,7 +84,7 @@ bool listFolder(const std::string& folder, std::vector<FolderEntry>& entries) {
     const HANDLE search = FindFirstFileW(systemName(inFolder(folder, "*")).c_str(), &found);
     if (search == INVALID_HANDLE_VALUE) return false;
     do {
-        const std::string name = utf8(found.cFileName);
+        const std::string name = utf8Text(found.cFileName);
         if (name == "." || name == "..") continue;
         const DWORD attributes = found.dwFileAttributes;
         const bool link = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
@@ -220,7 +212,7 @@ std::string lastFailure() {
     wchar_t text[512];
     const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
                                         nullptr, error, 0, text, 512, nullptr);
-    std::string words = utf8(std::wstring(text, length));
+    std::string words = utf8Text(std::wstring(text, length));
     while (!words.empty() && (words.back() == '\n' || words.back() == '\r' || words.back() == '.'))
         words.pop_back();
     return words.empty() ? "error " + std::to_string(error) : words;
@@ -238,10 +230,14 @@ bool namesIgnoreCase() {
     return true;
 }
 
+std::string inOwnForm(std::string_view text) {
+    return utf8Text(text);
+}
+
 std::string nameKey(std::string_view name) {
     std::wstring wide = wideText(name);
     CharLowerBuffW(wide.data(), static_cast<DWORD>(wide.size()));
-    std::string key = utf8(wide);
+    std::string key = utf8Text(wide);
     std::replace(key.begin(), key.end(), '\\', '/');
     return key;
 }

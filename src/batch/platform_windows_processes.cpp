@@ -15,6 +15,7 @@ namespace vantelgis::batch {
 namespace {
 
 using vantelgis::platform::FileHandle;
+using vantelgis::platform::utf8Text;
 using vantelgis::platform::wideText;
 using Clock = std::chrono::steady_clock;
 
@@ -25,15 +26,6 @@ constexpr int kTerminated = 15;
 std::atomic<int> signalSeen = 0;
 bool isWorker = false;
 HANDLE endEvent = nullptr;
-
-std::string utf8(const std::wstring& wide) {
-    const int size = static_cast<int>(wide.size());
-    std::string text(wide.size() * 4, '\0');
-    text.resize(static_cast<std::size_t>(
-        WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, text.data(),
-                            static_cast<int>(text.size()), nullptr, nullptr)));
-    return text;
-}
 
 BOOL WINAPI noteEvent(DWORD event) {
     signalSeen = event == CTRL_C_EVENT ? SIGINT : kTerminated;
@@ -149,9 +141,8 @@ void writeStandardError(std::string_view text) {
 
 std::vector<std::string> programArguments(int count, char** values) {
     std::vector<std::string> arguments;
-    if (!vantelgis::platform::takeArguments(count, values, arguments))
-        arguments.assign(values, values + count);
-    for (std::string& argument : arguments) argument = vantelgis::platform::utf8Text(argument);
+    if (!vantelgis::platform::takeArguments(count, values, arguments)) return {};
+    for (std::string& argument : arguments) argument = utf8Text(argument);
     return arguments;
 }
 
@@ -160,13 +151,13 @@ std::string environmentText(const char* name) {
     std::wstring text(GetEnvironmentVariableW(wide.c_str(), nullptr, 0), L'\0');
     text.resize(
         GetEnvironmentVariableW(wide.c_str(), text.data(), static_cast<DWORD>(text.size())));
-    return utf8(text);
+    return utf8Text(text);
 }
 
 std::string ownProgram(const std::string& /*calledAs*/) {
     std::wstring name(32768, L'\0');
     name.resize(GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size())));
-    return utf8(name);
+    return utf8Text(name);
 }
 
 std::string findProgram(const std::string& name) {
@@ -174,7 +165,7 @@ std::string findProgram(const std::string& name) {
     std::wstring found(32768, L'\0');
     found.resize(SearchPathW(nullptr, wideText(name).c_str(), L".exe",
                              static_cast<DWORD>(found.size()), found.data(), nullptr));
-    return utf8(found);
+    return utf8Text(found);
 }
 
 std::string_view programExtension() {
@@ -188,7 +179,7 @@ int processorCount() {
 std::string hostName() {
     wchar_t name[MAX_COMPUTERNAME_LENGTH + 1];
     DWORD size = MAX_COMPUTERNAME_LENGTH + 1;
-    return GetComputerNameW(name, &size) ? utf8(std::wstring(name, size)) : "";
+    return GetComputerNameW(name, &size) ? utf8Text(std::wstring(name, size)) : "";
 }
 
 std::int64_t processNumber() {

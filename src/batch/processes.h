@@ -68,7 +68,8 @@ int terminalWidth();
 /// Writes to standard error; what is refused is lost.
 void writeStandardError(std::string_view text);
 
-/// The arguments of this process, its own name first, as bytes on POSIX and UTF-8 on Windows.
+/// The arguments of this process, its own name first, as bytes on POSIX and UTF-8 on Windows; none
+/// when one of them is no text.
 std::vector<std::string> programArguments(int count, char** values);
 /// Text of an environment variable, empty when it isn't set.
 std::string environmentText(const char* name);

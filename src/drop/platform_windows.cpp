@@ -11,10 +11,6 @@ namespace vantelgis::drop {
 
 namespace {
 
-std::string utf8(const std::wstring& wide) {
-    return platform::utf8Text(platform::narrowText(wide).value_or(std::string{}));
-}
-
 // A text that the run-time of the program that gets it takes for one argument: backslashes are
 // doubled in front of the closing quote. No name and no option has a quote in it.
 std::wstring quoted(const std::string& text) {
@@ -56,7 +52,7 @@ std::string absoluteName(const std::string& name) {
     std::wstring full(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
     full.resize(
         GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-    return utf8(full);
+    return platform::utf8Text(full);
 }
 
 std::string ownProgram() {
@@ -67,7 +63,7 @@ std::string ownProgram() {
         size = GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
     }
     name.resize(size);
-    return utf8(name);
+    return platform::utf8Text(name);
 }
 
 int runProgram(const std::string& program, const Call& call) {
@@ -81,7 +77,7 @@ int runProgram(const std::string& program, const Call& call) {
     start.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
     start.hStdError = GetStdHandle(STD_ERROR_HANDLE);
     PROCESS_INFORMATION child;
-    const BOOL started = CreateProcessW(platform::wideText(program).c_str(), line.data(), nullptr,
+    const BOOL started = CreateProcessW(platform::systemName(program).c_str(), line.data(), nullptr,
                                         nullptr, TRUE, 0, nullptr, nullptr, &start, &child);
     CloseHandle(pipe.read);
     if (started) send(pipe.write, call.list);

@@ -10,7 +10,6 @@ namespace vantelgis::gpkg::platform {
 
 namespace {
 
-using vantelgis::platform::narrowText;
 using vantelgis::platform::systemName;
 using vantelgis::platform::utf8Text;
 using vantelgis::platform::wideText;
@@ -25,10 +24,6 @@ bool lock(HANDLE file) {
     place.OffsetHigh = 0x40000000;
     return LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place) !=
            0;
-}
-
-std::string inUtf8(const std::wstring& wide) {
-    return utf8Text(narrowText(wide).value_or(std::string{}));
 }
 
 }  // namespace
@@ -76,7 +71,7 @@ std::string linkedName(std::string_view name) {
     CloseHandle(file);
     if (length == 0 || length >= resolved.size()) return result;
     resolved.resize(length);
-    return inUtf8(resolved);
+    return utf8Text(resolved);
 }
 
 bool isRegularFile(std::string_view name) {
@@ -107,7 +102,7 @@ std::string utf8Argument(std::string_view argument) {
 }
 
 std::string databaseName(std::string_view name) {
-    return inUtf8(systemName(name));
+    return utf8Text(systemName(name));
 }
 
 std::string lastRefusal() {
@@ -116,7 +111,7 @@ std::string lastRefusal() {
     const DWORD length = FormatMessageW(
         FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK,
         nullptr, code, 0, text, static_cast<DWORD>(std::size(text)), nullptr);
-    std::string words = inUtf8({text, length});
+    std::string words = utf8Text(std::wstring(text, length));
     while (!words.empty() && (words.back() == ' ' || words.back() == '.')) words.pop_back();
     return words.empty() ? "error " + std::to_string(code) : words;
 }

@@ -84,7 +84,11 @@ std::optional<std::string> narrowText(const std::wstring& wide) {
 }
 
 std::string utf8Text(std::string_view text) {
-    return encoded(wideText(text), CP_UTF8, 0, nullptr);
+    return utf8Text(wideText(text));
+}
+
+std::string utf8Text(const std::wstring& wide) {
+    return encoded(wide, CP_UTF8, 0, nullptr);
 }
 
 std::wstring systemName(std::string_view name) {

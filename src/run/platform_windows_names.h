@@ -20,6 +20,9 @@ std::optional<std::string> narrowText(const std::wstring& wide);
 /// `text` in UTF-8, whatever its form was.
 std::string utf8Text(std::string_view text);
 
+/// `wide` in UTF-8; half a surrogate pair becomes the replacement character.
+std::string utf8Text(const std::wstring& wide);
+
 /// `text` has characters above 127 and is valid UTF-8.
 bool isBeyondAsciiUtf8(std::string_view text);
 

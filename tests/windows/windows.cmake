@@ -5,6 +5,15 @@ add_test(NAME held_output COMMAND Python3::Interpreter
   ${CMAKE_CURRENT_SOURCE_DIR}/windows/held_output_test.py --program $<TARGET_FILE:vantelgis>
   --holder $<TARGET_FILE:hold_open> --launcher "${CMAKE_CROSSCOMPILING_EMULATOR}")
 set_tests_properties(held_output PROPERTIES TIMEOUT 120)
+# Names in other alphabets, in the pages of two locales.
+add_executable(half_character windows/half_character.cpp)
+target_link_libraries(half_character PRIVATE vantelgis_options)
+foreach(page 1252 932)
+  add_test(NAME names_${page} COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/windows/names_test.py
+    ${page} $<TARGET_FILE:vantelgis> $<TARGET_FILE:vantelgis-batch> $<TARGET_FILE:drop_target>
+    $<TARGET_FILE:half_character> "${CMAKE_CROSSCOMPILING_EMULATOR}")
+  set_tests_properties(names_${page} PROPERTIES TIMEOUT 300)
+endforeach()
 # The zip as its users unpack it.
 add_test(NAME zip_packed COMMAND ${PROJECT_SOURCE_DIR}/tools/build-windows)
 add_test(NAME zip COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/windows/zip_test.py

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "batch/files.h"
 #include "batch/inputs/inputs.h"
 
 namespace vantelgis::batch {
@@ -29,11 +30,11 @@ std::vector<ListedName> namesInList(std::string_view text, bool zeroBytes) {
     const char divider = zeroBytes ? '\0' : '\n';
     while (!text.empty()) {
         const std::size_t end = std::min(text.find(divider), text.size());
-        const std::string_view piece = text.substr(0, end);
+        const std::string piece = inOwnForm(text.substr(0, end));
         text.remove_prefix(std::min(end + 1, text.size()));
         const std::string_view line = withoutBlanks(piece);
         if (zeroBytes) {
-            if (!piece.empty()) names.push_back({std::string(piece), {}});
+            if (!piece.empty()) names.push_back({piece, {}});
         } else if (!line.empty() && line.front() != '#') {
             names.push_back(listedName(line));
         }

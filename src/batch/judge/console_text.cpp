@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 
+#include "batch/files.h"
 #include "batch/input_file.h"
 #include "batch/messages.h"
 #include "text/characters.h"
@@ -40,7 +41,8 @@ class ConsoleReader {
         takeCounts(line);
         if (text_.error.empty()) {
             const std::size_t at = findErrorMessage(line);
-            if (at != std::string_view::npos) text_.error = line.substr(at, kLongestPiece);
+            if (at != std::string_view::npos)
+                text_.error = inOwnForm(line.substr(at, kLongestPiece));
         }
         if (isWarning(line)) takeWarning(line);
         if (!line.empty() && !line.starts_with("Press Enter") && !line.starts_with("Enter command"))
@@ -52,6 +54,7 @@ class ConsoleReader {
     ConsoleText finish() {
         std::size_t end = lastLines_.size();
         if (lastLines_[end - 1] == "Press Enter to Close" && lastLines_[end - 2].empty()) end -= 2;
+        text_.lastLine = inOwnForm(text_.lastLine);
         text_.finished = lastLines_[end - 1] == "Finished." && lastLines_[end - 2].empty() &&
                          closesFiles(lastLines_[end - 3]);
         return std::move(text_);
@@ -87,7 +90,8 @@ class ConsoleReader {
         const std::string_view shown = line.substr(0, std::min(line.find(": "), kLongestPiece));
         const bool known =
             std::find(text_.warnings.begin(), text_.warnings.end(), shown) != text_.warnings.end();
-        if (!known && text_.warnings.size() < kMostWarnings) text_.warnings.emplace_back(shown);
+        if (!known && text_.warnings.size() < kMostWarnings)
+            text_.warnings.push_back(inOwnForm(shown));
     }
 
     ConsoleText text_;

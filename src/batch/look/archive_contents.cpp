@@ -65,7 +65,7 @@ void takeString(ArchiveLook& all, std::string_view line, bool wantHip) {
         isSections(all) ? object.data3d : object.data2d || object.data3d || object.hipData;
     if (!usable) {
         const bool hip = object.hipData;
-        ++all.ignored[hip ? "hipdata" : readable(object.typeText)];
+        ++all.ignored[hip ? "hipdata" : readable(inOwnForm(object.typeText))];
         return d12PassOver(all.archive.unit, line, all.object);
     }
     const bool passed = !isSections(all) && object.hipData && !wantHip;
@@ -181,7 +181,8 @@ void lookAtArchive(const RunPlan& plan, const LookWish& wish, Look& look) {
                            " behind the first " + grouped(all.strings);
     }
     if (!stop.stopped && all.strings > 0 && endsWithinString(file))
-        look.find(Find::cutArchive, {all.cut ? "at its end" : readable(all.object.name)});
+        look.find(Find::cutArchive,
+                  {all.cut ? "at its end" : readable(inOwnForm(all.object.name))});
     if (isSections(all)) all.sections.tell(look);
     if (all.coordinates.outsideObject() > 0)
         look.find(Find::outsideColumns,

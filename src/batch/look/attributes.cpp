@@ -1,5 +1,6 @@
 #include "batch/look/attributes.h"
 
+#include "batch/files.h"
 #include "batch/utf8.h"
 #include "text/free_format.h"
 
@@ -52,7 +53,7 @@ void AttributeCheck::addNumbers(std::int64_t object, std::string_view record) {
         if (item == Item::bad) {
             if (notNumbers_++ == 0) {
                 firstNotNumber_ = object;
-                notNumber_ = shortened(readable(list.rest()), kMostShown);
+                notNumber_ = shortened(readable(inOwnForm(list.rest())), kMostShown);
             }
         }
         return;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "batch/files.h"
 #include "batch/messages.h"
 #include "batch/utf8.h"
 
@@ -43,7 +44,7 @@ void tellReaderStop(std::string_view message, std::int64_t object, std::int32_t 
     if (known == std::end(kKnownStops)) {
         std::string shown(message);
         std::replace(shown.begin(), shown.end(), '\n', ' ');
-        look.find(Find::wouldStop, {grouped(object), readable(shown)});
+        look.find(Find::wouldStop, {grouped(object), readable(inOwnForm(shown))});
         const MessageHelp help = helpForMessage(first);
         if (!help.cure.empty()) look.findings.back().cure = help.cure + ".";
         return;

@@ -37,7 +37,7 @@ void SectionNames::takeFile(Look& look) {
     const Path joined = joinedPath({}, name_);
     std::string file(joined.view());
     if (!hasExtension(file, ".csv")) file += ".csv";
-    const std::string below = nameBelow(file);
+    const std::string below = nameBelow(inOwnForm(file));
     if (below.empty()) {
         if (outside_.empty()) outside_ = name_;
         return;
@@ -54,10 +54,10 @@ void SectionNames::takeFile(Look& look) {
 }
 
 void SectionNames::tell(Look& look) const {
-    if (!long_.empty()) look.find(Find::longSectionName, {readable(long_)});
+    if (!long_.empty()) look.find(Find::longSectionName, {readable(inOwnForm(long_))});
     if (!twice_.empty()) look.find(Find::sectionTwice, {readable(twice_)});
     if (outside_.empty()) return;
-    look.find(Find::sectionOutside, {readable(outside_)});
+    look.find(Find::sectionOutside, {readable(inOwnForm(outside_))});
     look.neverRun = true;
 }
 
