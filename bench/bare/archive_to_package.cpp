@@ -18,7 +18,7 @@ struct Rectangle {
 class Geometry {
   public:
     Geometry() {
-        std::memcpy(blob_.data(), "GP\0\3\xff\xff\xff\xff", 8);
+        std::memcpy(blob_.data(), "GP\0\3\xa0\x86\1\0", 8);  // in the system 100000
         std::memcpy(blob_.data() + kRectangle + sizeof(Rectangle), "\1\xea\3\0\0", 5);
     }
     void take(DataBlocks& blocks) {

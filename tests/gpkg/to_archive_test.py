@@ -269,6 +269,43 @@ class Hostile(GpkgTest):
         (self.folder / "a.gpkg").unlink()
         self.refuse("isn't there")
 
+    def test_a_small_file_gives_no_endless_archive(self):
+        """Pages that are met again and again, a layer listed often, a long text for many parts."""
+        blob = self.query("good.gpkg", "SELECT geom FROM strings")[0][0]
+        with sqlite3.connect(self.folder / "a.gpkg") as database:
+            database.execute("PRAGMA page_size=512")
+            database.executescript(
+                "CREATE TABLE gpkg_contents AS SELECT 'strings' table_name, 'features' data_type;"
+                "CREATE TABLE gpkg_geometry_columns AS SELECT 'strings' table_name, 'geom' column_name,"
+                " 'LINESTRING' geometry_type_name, 1 srs_id;"
+                "CREATE TABLE gpkg_spatial_ref_sys (srs_id, definition);"
+                "CREATE TABLE strings (fid INTEGER PRIMARY KEY, geom)")
+            database.executemany("INSERT INTO strings VALUES (NULL, ?)", [(blob,)] * 2000)
+            root, = database.execute("SELECT rootpage FROM sqlite_master WHERE name='strings'").fetchone()
+        pages = bytearray((self.folder / "a.gpkg").read_bytes())
+        while pages[(root - 1) * 512] == 5:  # an inner page: all of its children become the first one
+            start = (root - 1) * 512
+            count, = struct.unpack_from(">H", pages, start + 3)
+            cells = struct.unpack_from(f">{count}H", pages, start + 12)
+            root, = struct.unpack_from(">I", pages, start + cells[0])
+            for place in (8, *cells):
+                struct.pack_into(">I", pages, start + place, root)
+        self.write("a.gpkg", bytes(pages))
+        self.refuse(r"a.gpkg is damaged: in the layer strings, feature 1 comes behind feature \d+")
+        self.run_gpkg("a.gpkg", "--sort", "fid", status=1, says="rows that contradict each other")
+        self.change(("DROP TABLE gpkg_contents",),
+            ("CREATE TABLE gpkg_contents AS WITH RECURSIVE r(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM r "
+             "LIMIT 9999) SELECT 'strings' AS table_name, 'features' AS data_type FROM r",))
+        self.refuse("lists more than 5000 layers")
+        self.change(("DELETE FROM gpkg_contents WHERE table_name='layer_styles'",),
+                    ("DROP TABLE gpkg_contents",), ("CREATE TABLE gpkg_contents AS SELECT 'strings' AS "
+                     "table_name, 'features' AS data_type UNION ALL SELECT 'strings', 'features'",))
+        self.refuse("lists the layer strings twice")
+        part = struct.pack("<BII2d", 1, 2, 1, 5, 6)
+        self.change(("UPDATE strings SET name=?, geom=?", "x{string" * 100000, blob[:8].replace(
+            b"\3", b"\1") + struct.pack("<BII", 1, 5, 20000) + part * 20000))
+        self.run_gpkg("a.gpkg", says="(?s)braces of 1 text.* 1 text was cut")
+
 
 if __name__ == "__main__":
     harness.main()

@@ -220,6 +220,12 @@ class Files(GpkgTest):
         self.run_gpkg("a.12da", "--append")
         self.assertEqual(self.query("a.gpkg", "SELECT count(*) FROM roads"), [(1,)])
         self.validate("a.gpkg")
+        # A package's triggers don't run; counts that others keep by triggers are right all the same.
+        self.query("a.gpkg", "CREATE TRIGGER t AFTER INSERT ON strings BEGIN DELETE FROM roads; END")
+        self.query("a.gpkg", "INSERT INTO gpkg_ogr_contents VALUES ('strings', 77)")
+        self.run_gpkg("a.12da", "--append")
+        self.assertEqual(self.query("a.gpkg", "SELECT * FROM gpkg_ogr_contents ORDER BY 1"),
+                         [("roads", 1), ("strings", 1)])
         self.run_gpkg("a.12da", "--replace")
         self.assertEqual(self.query("a.gpkg", "SELECT name FROM sqlite_master WHERE name='roads'"), [])
 

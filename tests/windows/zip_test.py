@@ -2,8 +2,10 @@
 """Unpacks the zip below a folder whose name is awkward, drops samples with awkward names on each of
 its icons, and runs its examples. Arguments: the zip, its version, what starts a Windows program."""
 
+import contextlib
 import pathlib
 import shlex
+import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -63,6 +65,28 @@ def drop(launcher, top, work, row):
     samples.rename(work / f"done {len(list(work.iterdir()))}")
 
 
+def check_package(launcher, top, work):
+    """An archive of an awkward name becomes a package, and that an archive with all of its strings."""
+    folder = work / f"package {AWKWARD}"
+    folder.mkdir()
+    archive = folder / awkward("site.12da")
+    archive.write_bytes((EXAMPLES / "site.12da").read_bytes())
+    package = archive.with_suffix(".gpkg")
+    program = str(top / "vantelgis-gpkg.exe")
+    for arguments in ([archive.name, "--vertices", "--check"], [archive.name, "--append"],
+                      [package.name, "-o", "back.12da"]):
+        done = run(launcher, folder, program, *arguments)
+        assert done.returncode == 0 and b": 7 strings" in done.stdout, (arguments, done.stdout)
+    with contextlib.closing(sqlite3.connect(package)) as database:
+        names = database.execute("SELECT name FROM strings ORDER BY fid").fetchall()
+        assert database.execute("PRAGMA integrity_check").fetchall() == [("ok",)]
+        database.execute("BEGIN EXCLUSIVE")
+        held = run(launcher, folder, program, archive.name)
+        assert held.returncode == 1, held
+    assert len(names) == 7 and all(f'"{name}"' in (folder / "back.12da").read_text() for name, in names)
+    assert not list(folder.glob("*.part*")), list(folder.iterdir())
+
+
 def check_wait(launcher, top):
     """An icon that is opened with nothing on it says what it takes, and its window stays."""
     with subprocess.Popen([*launcher, str(top / "Results.exe")], stdin=subprocess.PIPE,
@@ -107,6 +131,7 @@ def main():
         for row in DROPS:
             drop(launcher, top, work, row)
         check_wait(launcher, top)
+        check_package(launcher, top, work)
     print(f"{len(DROPS)} drops give what they should")
 
 

@@ -25,6 +25,7 @@ constexpr Reason kReasons[] = {
     {SQLITE_TOOBIG, "holds a value that is too large"},
     {SQLITE_NOMEM, "needs more memory than there is"},
     {SQLITE_CANTOPEN, "can't be opened"},
+    {SQLITE_CONSTRAINT, "holds rows that contradict each other"},
 };
 
 [[noreturn]] void failFor(sqlite3* database, int result, std::string_view file) {
@@ -176,6 +177,9 @@ Database Database::openScratch(std::string_view file) {
     database.execute(
         "PRAGMA locking_mode=EXCLUSIVE; PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF;"
         "PRAGMA cache_size=-24000; PRAGMA trusted_schema=OFF");
+    // What a package brings along doesn't run when rows are added to it.
+    sqlite3_db_config(database.database_.get(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    sqlite3_db_config(database.database_.get(), SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     return database;
 }
 
@@ -215,6 +219,10 @@ Statement Database::prepare(std::string_view sql) {
 std::int64_t Database::valueOf(std::string_view sql, std::int64_t otherwise) {
     Statement statement = prepare(sql);
     return statement.nextRow() ? statement.integer(0) : otherwise;
+}
+
+std::int64_t Database::size() {
+    return valueOf("PRAGMA page_count") * valueOf("PRAGMA page_size");
 }
 
 void Database::close() {

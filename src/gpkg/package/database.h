@@ -79,6 +79,8 @@ class Database {
 
     /// Closes before the object goes; fails when something could not be written.
     void close();
+    /// Bytes of the whole database.
+    [[nodiscard]] std::int64_t size();
     [[nodiscard]] const std::string& file() const { return file_; }
 
   private:

@@ -151,6 +151,17 @@ std::int32_t freeNumber(Database& database, const CoordinateSystem& system) {
         joined("SELECT max(", kFirstOwn, "-1, max(srs_id))+1 FROM gpkg_spatial_ref_sys")));
 }
 
+// Some programs keep the count of a layer's features in a table of their own, by triggers that
+// didn't run.
+void enterCount(Database& database, std::string_view layer) {
+    if (!hasTable(database, "gpkg_ogr_contents")) return;
+    Statement enter =
+        database.prepare(joined("UPDATE gpkg_ogr_contents SET feature_count=(SELECT count(*) FROM ",
+                                quotedName(layer), ") WHERE table_name=?1 COLLATE NOCASE"));
+    enter.bind(1, layer);
+    enter.run();
+}
+
 }  // namespace
 
 std::string indexTable(std::string_view layer) {
@@ -207,6 +218,7 @@ void enterExtent(Database& database, std::string_view layer, const Box& extent) 
             enter.bind(parameter++, bound);
     }
     enter.run();
+    enterCount(database, layer);
 }
 
 }  // namespace vantelgis::gpkg

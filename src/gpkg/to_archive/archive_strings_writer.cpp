@@ -108,6 +108,7 @@ void ArchiveStringsWriter::write(const Feature& feature) {
     const std::string_view type = feature.text(Attribute::type);
     const bool says2d = sameIgnoringCase(type, "2d");
     const bool is3d = sameIgnoringCase(type, "3d") || (feature.shape.hasZ && !says2d);
+    takeTexts(feature);
     const std::span<const Vertex> vertices = feature.shape.vertices;
     std::size_t start = 0;
     for (const std::size_t end : feature.shape.partEnds) {
@@ -138,13 +139,18 @@ std::string_view ArchiveStringsWriter::attribute(const Feature& feature, Attribu
     return attributeValue(feature.text(which), text, counts_.changes);
 }
 
+// Once for all parts of a feature, of which there may be many.
+void ArchiveStringsWriter::takeTexts(const Feature& feature) {
+    texts_ = {};
+    texts_.name = cleanText(feature.text(Attribute::name), name_, counts_.changes);
+    texts_.breakline = attribute(feature, Attribute::breakline, texts_.breakline, breakline_);
+    texts_.colour = attribute(feature, Attribute::colour, texts_.colour, colour_);
+    texts_.style = attribute(feature, Attribute::style, texts_.style, style_);
+}
+
 void ArchiveStringsWriter::writeHead(OutputLine& line, const Feature& feature, bool is3d) {
-    D12StringHead head;
+    D12StringHead head = texts_;
     head.type = is3d ? "3d" : "2d";
-    head.name = cleanText(feature.text(Attribute::name), name_, counts_.changes);
-    head.breakline = attribute(feature, Attribute::breakline, head.breakline, breakline_);
-    head.colour = attribute(feature, Attribute::colour, head.colour, colour_);
-    head.style = attribute(feature, Attribute::style, head.style, style_);
     const NumberText chainage{feature.chainage.value_or(0)};
     if (feature.chainage) head.chainage = chainage;
     if (!feature.chainage && feature.layer->has(Attribute::chainage)) head.chainage = {};

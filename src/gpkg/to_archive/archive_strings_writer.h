@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "archive/writer.h"
 #include "gpkg/geometry/shape.h"
 #include "gpkg/to_archive/clean_text.h"
 #include "gpkg/to_archive/feature_reader.h"
@@ -43,6 +44,7 @@ class ArchiveStringsWriter {
 
   private:
     void writePart(const Feature& feature, std::span<const Vertex> vertices, bool is3d);
+    void takeTexts(const Feature& feature);
     void writeHead(OutputLine& line, const Feature& feature, bool is3d);
     void writeVertices(OutputLine& line, const Feature& feature, std::span<const Vertex> vertices,
                        bool is3d);
@@ -58,7 +60,8 @@ class ArchiveStringsWriter {
     std::string package_;
     int unit_ = 0;
     WriteCounts counts_;
-    std::string name_;  // room for the texts of the string being written
+    D12StringHead texts_;  // of the feature being written
+    std::string name_;     // room for the texts of the string being written
     std::string colour_;
     std::string style_;
     std::string breakline_;

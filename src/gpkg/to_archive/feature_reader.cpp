@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
+#include "gpkg/encoding.h"
 #include "gpkg/geometry/blob_reader.h"
 #include "gpkg/report.h"
 
@@ -15,6 +17,9 @@ namespace {
 constexpr int kNumberColumn = 0;
 constexpr int kGeometryColumn = 1;
 constexpr int kFirstAttribute = 2;
+
+// Of a text, more than an archive can hold and little enough for millions of rows that share one.
+constexpr std::size_t kMostOfText = 1000;
 
 constexpr int columnOf(Attribute attribute) {
     return kFirstAttribute + static_cast<int>(attribute);
@@ -37,7 +42,14 @@ std::optional<double> numberIn(const Statement& row, Attribute attribute) {
 
 FeatureReader::FeatureReader(Database& database, const std::vector<LineLayer>& layers,
                              const Options& options)
-    : database_(database), layers_(layers), options_(options) {}
+    : database_(database), layers_(layers), options_(options) {
+    startGeometries();
+}
+
+// No two features share a byte of the file.
+void FeatureReader::startGeometries() {
+    geometryLeft_ = database_.size() * static_cast<std::int64_t>(layers_.size());
+}
 
 std::string_view FeatureReader::defaultModel(const LineLayer& layer) const {
     return options_.model.empty() ? std::string_view(layer.table) : options_.model;
@@ -61,12 +73,29 @@ Statement FeatureReader::prepareFiltered(const std::string& select, std::string_
     }
 }
 
-void FeatureReader::take(Statement& row, const LineLayer& layer, Feature& feature) const {
+// In a damaged file a page may be met again and again, or a value go round in its pages: rows and
+// bytes without end from a small file.
+void FeatureReader::requireOrder(const Feature& feature) {
+    if (feature.number <= lastNumber_)
+        fail(database_.file(), " is damaged: in the layer ", feature.layer->table, ", feature ",
+             feature.number, " comes behind feature ", lastNumber_);
+    lastNumber_ = feature.number;
+}
+
+void FeatureReader::countGeometry(std::string_view blob) {
+    geometryLeft_ -= static_cast<std::int64_t>(blob.size());
+    if (geometryLeft_ < 0)
+        fail(database_.file(), " is damaged: its geometries are larger than the whole file");
+}
+
+void FeatureReader::take(Statement& row, const LineLayer& layer, Feature& feature) {
     feature.layer = &layer;
     feature.number = row.integer(kNumberColumn);
     feature.shape.clear();
     if (!row.isNull(kGeometryColumn)) {
-        const BlobResult result = readBlob(row.blob(kGeometryColumn), feature.shape);
+        const std::string_view blob = row.blob(kGeometryColumn);
+        countGeometry(blob);
+        const BlobResult result = readBlob(blob, feature.shape);
         if (result != BlobResult::taken)
             fail(database_.file(), ", layer ", layer.table, ", feature ", feature.number, ": ",
                  wordsOf(result), ". Nothing was written");
@@ -74,7 +103,7 @@ void FeatureReader::take(Statement& row, const LineLayer& layer, Feature& featur
     feature.chainage = numberIn(row, Attribute::chainage);
     feature.level = numberIn(row, Attribute::z);
     for (std::size_t i = 0; i < kTextAttributes; ++i)
-        feature.texts[i] = row.text(columnOf(static_cast<Attribute>(i)));
+        feature.texts[i] = cutUtf8(row.text(columnOf(static_cast<Attribute>(i))), kMostOfText);
     auto& model = feature.texts[static_cast<std::size_t>(Attribute::model)];
     if (model.empty()) model = defaultModel(layer);
 }
@@ -86,9 +115,13 @@ bool FeatureReader::next(Feature& feature) {
 bool FeatureReader::nextInLayers(Feature& feature) {
     for (; layer_ < layers_.size(); ++layer_, rows_.reset()) {
         const LineLayer& layer = layers_[layer_];
-        if (!rows_) rows_ = prepareFiltered(selection(layer), layer.key);
+        if (!rows_) {
+            rows_ = prepareFiltered(selection(layer), layer.key);
+            lastNumber_ = std::numeric_limits<std::int64_t>::min();
+        }
         if (!rows_->nextRow()) continue;
         take(*rows_, layer, feature);
+        requireOrder(feature);
         return true;
     }
     return false;
@@ -114,13 +147,18 @@ bool FeatureReader::sharesNumbers() const {
 
 void FeatureReader::addToOrder(const LineLayer& layer, std::size_t index) {
     const std::string& model = layer.columns[static_cast<std::size_t>(Attribute::model)];
-    const std::string key = !options_.sortField.empty() ? quotedName(options_.sortField)
-                            : sharesNumbers()           ? quotedName(layer.key)
-                                                        : std::string("NULL");
+    const std::string sort = quotedName(options_.sortField);
+    const std::string key =
+        !options_.sortField.empty()
+            ? joined("CASE WHEN typeof(", sort, ") IN ('text', 'blob') THEN ", "substr(", sort,
+                     ", 1, ", kMostOfText, ") ELSE ", sort, " END")
+        : sharesNumbers() ? quotedName(layer.key)
+                          : std::string("NULL");
     Statement add = prepareFiltered(
         joined("INSERT INTO temp.features SELECT ", index, ", ", quotedName(layer.key),
-               ", coalesce(nullif(CAST(", model.empty() ? "NULL" : quotedName(model),
-               " AS TEXT), ''), ?1), ", key, " FROM ", quotedName(layer.table)),
+               ", coalesce(nullif(substr(CAST(", model.empty() ? "NULL" : quotedName(model),
+               " AS TEXT), 1, ", kMostOfText, "), ''), ?1), ", key, " FROM ",
+               quotedName(layer.table)),
         layer.key);
     add.bind(1, defaultModel(layer));
     add.run();
@@ -128,11 +166,13 @@ void FeatureReader::addToOrder(const LineLayer& layer, std::size_t index) {
 
 void FeatureReader::startGrouped() {
     grouped_ = true;
+    startGeometries();
     rows_.reset();
     open_.reset();
     byNumber_.clear();
     database_.execute(
-        "CREATE TEMP TABLE features (layer INTEGER, number INTEGER, model TEXT, key)");
+        "CREATE TEMP TABLE features (layer INTEGER, number INTEGER, model TEXT, key, "
+        "UNIQUE (layer, number))");
     for (std::size_t i = 0; i < layers_.size(); ++i) {
         addToOrder(layers_[i], i);
         byNumber_.push_back(database_.prepare(

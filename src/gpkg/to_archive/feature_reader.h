@@ -35,7 +35,7 @@ class FeatureReader {
     FeatureReader(Database& database, const std::vector<LineLayer>& layers, const Options& options);
 
     /// Gives the next feature; false behind the last one. Fails, with its layer and number, at one
-    /// whose geometry is damaged or no line.
+    /// whose geometry is damaged or no line. Long texts come as their first kilobyte.
     bool next(Feature& feature);
 
     /// Starts again, with the features grouped by model in the order in which the models first
@@ -49,7 +49,10 @@ class FeatureReader {
   private:
     bool nextInLayers(Feature& feature);
     bool nextGrouped(Feature& feature);
-    void take(Statement& row, const LineLayer& layer, Feature& feature) const;
+    void take(Statement& row, const LineLayer& layer, Feature& feature);
+    void requireOrder(const Feature& feature);
+    void countGeometry(std::string_view blob);
+    void startGeometries();
     void addToOrder(const LineLayer& layer, std::size_t index);
     [[nodiscard]] std::string selection(const LineLayer& layer) const;
     [[nodiscard]] Statement prepareFiltered(const std::string& select, std::string_view key) const;
@@ -63,6 +66,8 @@ class FeatureReader {
     std::vector<Statement> byNumber_;  // when grouped: a feature of each layer
     std::optional<std::size_t> open_;  // the one of these that holds the present feature
     bool grouped_ = false;
+    std::int64_t lastNumber_ = 0;    // in the layer being read
+    std::int64_t geometryLeft_ = 0;  // bytes that the geometries still to come can have
 };
 
 }  // namespace vantelgis::gpkg

@@ -1,6 +1,8 @@
 #include "gpkg/to_archive/line_layers.h"
 
 #include <algorithm>
+#include <functional>
+#include <set>
 
 #include "gpkg/package/schema.h"
 #include "gpkg/report.h"
@@ -23,22 +25,33 @@ struct Column {
     bool isKey = false;
 };
 
+constexpr int kMostLayers = 5000;
+
 std::vector<ListedLayer> listLayers(Database& database) {
     std::vector<ListedLayer> layers;
+    for (const char* const table : {"gpkg_contents", "gpkg_geometry_columns"})
+        if (database.valueOf(joined("SELECT 1 FROM ", table, " LIMIT 1 OFFSET ", kMostLayers)) != 0)
+            fail(database.file(), " lists more than ", kMostLayers, " layers");
     Statement list = database.prepare(
         "SELECT g.table_name, g.column_name, g.geometry_type_name, g.srs_id FROM "
         "gpkg_geometry_columns g JOIN gpkg_contents c ON c.table_name=g.table_name COLLATE NOCASE "
         "WHERE c.data_type='features' ORDER BY c.rowid");
-    while (list.nextRow())
+    std::set<std::string, std::less<>> names;
+    while (list.nextRow()) {
         layers.push_back({std::string(list.text(0)), std::string(list.text(1)),
                           std::string(list.text(2)), static_cast<std::int32_t>(list.integer(3))});
+        if (!names.insert(layers.back().table).second)
+            fail(database.file(), " is damaged: it lists the layer ", layers.back().table,
+                 " twice");
+    }
     return layers;
 }
 
 std::vector<Column> columnsOf(Database& database, std::string_view table) {
     std::vector<Column> columns;
-    Statement list =
-        database.prepare("SELECT name, pk=1 AND upper(type)='INTEGER' FROM pragma_table_info(?1)");
+    Statement list = database.prepare(
+        "SELECT name, pk=1 AND upper(type)='INTEGER' AND NOT EXISTS (SELECT 1 FROM "
+        "pragma_table_info(?1) WHERE pk>1) FROM pragma_table_info(?1)");
     list.bind(1, table);
     while (list.nextRow()) columns.push_back({std::string(list.text(0)), list.integer(1) != 0});
     return columns;
