@@ -1,8 +1,8 @@
 #include "run/units.h"
 
 #include <algorithm>
-#include <deque>
 #include <limits>
+#include <list>
 #include <utility>
 #include <vector>
 
@@ -21,8 +21,9 @@ namespace {
 
 constexpr int kLowestBase = 9;
 
+// Made without memory: nothing could be told yet of its lack.
 struct UnitTable {
-    std::deque<Unit> ownUnits;  // under numbers of a host's that the table has none of
+    std::list<Unit> ownUnits;  // under numbers of a host's that the table has none of
     std::vector<std::unique_ptr<OpenFile>> spares;  // closed files whose buffers are used again
 
     UnitTable() { number(kLowestBase); }
@@ -33,7 +34,6 @@ struct UnitTable {
     void number(int from) {
         firstUnit = from + 1;
         for (int k = 0; k < kUnitCount; ++k) tableUnits[k].number = firstUnit + k;
-        spares.reserve(kUnitCount);  // so that closing a file needs no memory
     }
     template <typename Action>
     void forEach(Action action) {
@@ -49,6 +49,7 @@ UnitTable::~UnitTable() {
 }
 
 std::unique_ptr<OpenFile> newOpenFile() {
+    table.spares.reserve(kUnitCount);  // so that closing a file needs no memory
     if (table.spares.empty()) return std::make_unique_for_overwrite<OpenFile>();
     std::unique_ptr<OpenFile> file = std::move(table.spares.back());
     table.spares.pop_back();

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "gis/layer_table.h"
 #include "gis/layers.h"
 #include "gis/operations.h"
 #include "support/memory_calls.h"
@@ -28,7 +29,10 @@ inline std::string layerText(memory::Files files, std::string_view name, std::in
         int layer = gisOpenLayer(name);
         gisReadHeader(layer);
         while (!gisAtEnd(layer)) {
-            if (!gisObjectType(layer, object)) continue;
+            if (!gisObjectType(layer, object)) {
+                text << gisLayer(layer).mif.rest;  // none
+                continue;
+            }
             const std::string_view record = gisReadRecord(layer, object);
             text << kKinds[static_cast<int>(object.kind)] << ' ' << object.nParts << ':';
             const bool parts =

@@ -224,8 +224,10 @@ void readRegion(int mifUnit, std::int32_t polygons, ObjectNodes& nodes) {
 
 bool gisMifObjectType(mifL_& layer, GisObject& object) {
     bool centreLast = false;
-    layer.rest = scanForObject(layer.mifUnit, object, centreLast);
-    return object.kind != ObjectKind::unknown;
+    const std::string_view rest = scanForObject(layer.mifUnit, object, centreLast);
+    const bool found = object.kind != ObjectKind::unknown;
+    layer.rest = found ? rest : std::string_view{};
+    return found;
 }
 
 void gisMifReadObject(mifL_& layer, const GisObject& object, ObjectNodes& nodes) {

@@ -38,7 +38,6 @@ void shpRewind(shpL_& shp) {
     readHeader(shp.shpUnit);
     shp.unread = 0;
     shp.countAhead = false;
-    shp.nParts = shp.nextPart = 0;
 }
 
 }  // namespace vantelgis
