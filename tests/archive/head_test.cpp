@@ -28,7 +28,7 @@ TEST(Head, ValuesStandAtTheirColumns) {
         // Any order, any case of keyword and value; blank lines and null lines don't end the head.
         "// OUTPUT_HEX_FLOATS True\n\n  \nnull -999\n// null_keyword \"TRUE\"\n -> |null|hex",
         "// archive_version \"10.0\"  \n -> 10.0", "// archive_version \"\"\n -> ",
-        "//  archive_version 9\n ->  9",
+        "// archive_version \"1\"\n -> 1", "//  archive_version 9\n ->  9",
         "//null_keyword true\n//  output_hex_floats true\n -> |hex",
         "archive_version 10\n// null_keyword true\n -> ", "NULL -999\n// null_keyword true\n -> ",
         "/ archive\n// null_keyword true\n -> ", " // comment\n// null_keyword true\n -> ",
@@ -49,6 +49,7 @@ std::string data(std::string_view text) {
     const std::string console = consoleOfUnit(text, [&told](int unit) {
         float nullValue = -99999.0F;
         std::string_view line;
+        d12HexFloats(unit);  // the unit is left wherever that came to
         if (!d12FindData(unit, nullValue, kNullKeyword))
             line = "no data";
         else if (readLine(unit, line) != ReadResult::ok)
@@ -56,7 +57,7 @@ std::string data(std::string_view text) {
         told = std::string(line) + '|' + std::to_string(nullValue) + '|';
     });
     const std::string closed = "...Closed File Unit:1002\n";
-    return told + console.substr(console.find(closed) + closed.size());
+    return told + console.substr(console.rfind(closed) + closed.size());
 }
 
 TEST(Head, DataBeginsBehindTheModelLine) {

@@ -63,6 +63,26 @@ TEST(ShpReader, PassesOverWhatIsNotFetched) {
         EXPECT_TRUE(holds(shpText(record + kPoint.substr(0, 7), 0), "|1\n" + cutOff)) << record;
 }
 
+TEST(ShpReader, GoesBackFromWithinARecord) {
+    const std::string lines = shape(3, {1, 2, 0}, {1, 1, 2, 2});
+    const std::string rings = shape(5, {1, 1, 0}, {1, 1});
+    for (const std::string& record : {lines, rings, kPoint}) {
+        GisObject before;
+        GisObject first;
+        GisObject second;
+        consoleOf(layerOf(record + kPoint), [&] {
+            const int layer = gisOpenLayer("a.shp");
+            gisReadHeader(layer);
+            gisObjectType(layer, before);
+            gisGotoBeginningOfData(layer);
+            gisObjectType(layer, first);
+            gisObjectType(layer, second);
+        });
+        EXPECT_EQ(first.kind, before.kind);
+        EXPECT_EQ(second.kind, ObjectKind::point);
+    }
+}
+
 TEST(ShpReader, TellsWhatIsWrongWithARecord) {
     const std::string noTable(40000, '\0');
     const std::string type = "ERROR 0424 - Reading .shp file object type.";

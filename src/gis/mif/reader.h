@@ -21,8 +21,8 @@ void gisMifReadHeader(mifL_& layer);
 void gisMifSkipToData(int mifUnit);
 
 /// Finds the next line with an object keyword: sets the kind, count and name of `object`, which is
-/// clear, and the layer's `rest` to what follows the keyword. False, and no rest, when the file ends
-/// without one.
+/// clear, and the layer's `rest` to what follows the keyword. False, and no rest, when the file
+/// ends without one.
 bool gisMifObjectType(mifL_& layer, GisObject& object);
 
 /// Reads the coordinates of the object (the next part of a multiPolyline, the next point of a
