@@ -50,12 +50,16 @@ class Log(QgsProcessingFeedback):
 
     def __init__(self, cancel_at=None):
         super().__init__(False)
-        self.text, self.warnings, self._cancel_at = "", "", cancel_at
+        self.text, self.warnings, self.errors, self._cancel_at = "", "", "", cancel_at
 
     def pushInfo(self, info):
         self.text += info + "\n"
         if self._cancel_at and self._cancel_at in info:
             self.cancel()
+
+    def reportError(self, error, fatalError=False):
+        self.errors += error + "\n"
+        super().reportError(error, fatalError)
 
     def pushWarning(self, warning):
         self.warnings += warning + "\n"

@@ -3,13 +3,19 @@
 import unittest
 from unittest import mock
 
-from support import EXAMPLES, FOLDER, MGA56, SITE, layer, wait_for
+from support import EXAMPLES, FOLDER, MGA56, SITE, Log, layer, strings, wait_for
 
 from processing.gui.AlgorithmDialog import AlgorithmDialog
+from processing.gui.AlgorithmExecutor import execute
 from processing.gui.BatchAlgorithmDialog import BatchAlgorithmDialog
+from processing.gui.Postprocessing import handleAlgorithmResults
 from processing.gui.wrappers import WidgetWrapperFactory
 from processing.modeler.ModelerParametersDialog import ModelerParametersDialog
-from qgis.core import QgsApplication, QgsProcessingModelAlgorithm, QgsProject
+from qgis.core import (QgsApplication, QgsProcessingContext, QgsProcessingModelAlgorithm,
+                       QgsProcessingModelChildAlgorithm, QgsProcessingModelOutput,
+                       QgsProcessingModelParameter, QgsProcessingOutputLayerDefinition,
+                       QgsProcessingParameterFeatureSource, QgsProject)
+from qgis.core import QgsProcessingModelChildParameterSource as ChildSource
 from qgis.gui import QgsGui, QgsMessageBar
 from qgis.PyQt.QtWidgets import QMainWindow, QMenu
 from vantelgis.gui import desktop, opening  # pylint: disable=wrong-import-order
@@ -75,6 +81,76 @@ class Desktop(unittest.TestCase):
                 self.assertEqual(dialog.call_args[0][0], f"vantelgis:{algorithm}")
         changed(layer("None", ""))
         self.assertFalse(action.isEnabled())
+
+
+class Showing(unittest.TestCase):
+    """What is loaded once an algorithm has ended."""
+
+    def shown(self, algorithm, *results, **parameters):
+        """Names, numbers of features and colours of the layers, the top one first."""
+        self.addCleanup(PROJECT.clear)
+        context, log = QgsProcessingContext(), Log()
+        context.setProject(PROJECT)
+        parameters |= {name: QgsProcessingOutputLayerDefinition("TEMPORARY_OUTPUT", PROJECT)
+                       for name in results}
+        made = QgsApplication.processingRegistry().createAlgorithmById(f"vantelgis:{algorithm}")
+        self.assertTrue(execute(made, parameters, context, log)[0], log.text)
+        handleAlgorithmResults(made, context, log)
+        layers = [node.layer() for node in PROJECT.layerTreeRoot().findLayers()]
+        return [(shown.name(), shown.featureCount(), shown.renderer().symbol().color().name())
+                for shown in layers]
+
+    def test_check_layers_are_red_and_on_top(self):
+        lines, points = PROJECT.addMapLayers([
+            layer("LineString", "", ("LineString(0 0, 3 4, 9 9)",)),
+            layer("PointZ", "", ("PointZ(0 0 1)",), ("PointZ(3 4 2)",), ("PointZ(50 50 9)",))])
+        shown = self.shown("breaklines3d", "DANGLES", "UNSNAPPED", INPUT=lines, POINTS=points,
+                           OUTPUT=str(FOLDER / "shown.12da"))
+        self.assertEqual(shown[:2], [("Unsnapped points", 1, "#dc1414"),
+                                     ("Dangling lines", 1, "#dc1414")])
+        self.assertEqual(len(shown), 4)
+
+    def test_strings_and_points(self):
+        self.assertEqual(self.shown("archivetolayers", "LINES", "POINTS", INPUT=SITE),
+                         [("Points", 27, "#1f5fa8"), ("Lines", 7, "#1f5fa8")])
+
+
+class Models(unittest.TestCase):
+    """The algorithms as steps of a model, which runs them without their own checks."""
+
+    def run_model(self, source):
+        model = QgsProcessingModelAlgorithm()
+        model.addModelParameter(QgsProcessingParameterFeatureSource("INPUT"),
+                                QgsProcessingModelParameter("INPUT"))
+        for name, algorithm, given in (
+                ("parts", "native:multiparttosingleparts", {
+                    "INPUT": ChildSource.fromModelParameter("INPUT")}),
+                ("archive", "vantelgis:breaklines2d", {
+                    "INPUT": ChildSource.fromChildOutput("parts", "OUTPUT"),
+                    "NAME": ChildSource.fromStaticValue("n")})):
+            child = QgsProcessingModelChildAlgorithm(algorithm)
+            child.setChildId(name)
+            for parameter, value in given.items():
+                child.addParameterSources(parameter, [value])
+            if name == "archive":
+                output = QgsProcessingModelOutput("made")
+                output.setChildId(name)
+                output.setChildOutputName("OUTPUT")
+                child.setModelOutputs({"made": output})
+            model.addChildAlgorithm(child)
+        model.updateDestinationParameters()
+        log = Log()
+        path = str(FOLDER / "model.12da")
+        done, _ = execute(model, {"INPUT": source, "archive:made": path},
+                          QgsProcessingContext(), log)
+        return strings(path) if done else log.errors
+
+    def test_steps(self):
+        parts = layer("MultiLineString", "n:string", ("MultiLineString((0 0,3 4),(5 5,6 6))", "p"))
+        self.assertEqual(self.run_model(parts), [("2d", "p", [(0, 0), (3, 4)]),
+                                                 ("2d", "p", [(5, 5), (6, 6)])])
+        self.assertIn('NAME ("Single parts"): there is no field "n"',
+                      self.run_model(layer("LineString", "q:string", ("LineString(0 0,3 4)", "p"))))
 
 
 class Dialogs(unittest.TestCase):

@@ -8,7 +8,7 @@ from qgis.core import (QgsCoordinateReferenceSystem, QgsProcessingAlgorithm,
                        QgsProcessingParameterFileDestination)
 from qgis.PyQt.QtGui import QIcon
 
-from ..layers import systems
+from ..layers import sources, systems
 from ..refusals import refusal
 
 HERE = os.path.dirname(os.path.dirname(__file__))
@@ -53,7 +53,7 @@ class Algorithm(QgsProcessingAlgorithm):
 
     def checkParameterValues(self, parameters, context):
         try:
-            self._check_names(parameters)
+            self._check_names(parameters, context)
             self.check(parameters, context)
         except QgsProcessingException as error:
             return False, str(error)
@@ -110,9 +110,10 @@ class Algorithm(QgsProcessingAlgorithm):
         """The parameter OUTPUT of the algorithms that write one."""
         self.addParameter(QgsProcessingParameterFileDestination("OUTPUT", "Archive", ARCHIVES))
 
-    def _check_names(self, parameters):
+    def _check_names(self, parameters, context):
         known = [definition.name() for definition in self.parameterDefinitions()]
         for name in parameters:
             if name not in known:
-                raise refusal(name, "", f"{self.NAME} has no such parameter. It takes "
+                layer = sources.name_of(parameters.get("INPUT"), context)
+                raise refusal(name, layer, f"{self.NAME} has no such parameter. It takes "
                               f"{', '.join(known)}.")

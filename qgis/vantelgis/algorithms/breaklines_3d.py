@@ -85,7 +85,7 @@ class Breaklines3d(Algorithm):
                     parameters, name, context, tables.fields_of(tables.number_field("Z")), kind,
                     target)
                 if sink is not None:
-                    copy_check_layer(f"{folder}/{file}", sink)
+                    copy_check_layer(f"{folder}/{file}", sink, steps)
                     styles.show(context, identifier, styles.WARNINGS, on_top=True)
                     results[name] = identifier
             put_in_place(record["output"], output)

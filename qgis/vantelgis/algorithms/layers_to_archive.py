@@ -39,9 +39,8 @@ class LayersToArchive(Algorithm):
 
     def check(self, parameters, context):
         layers = self._layers(parameters, context)
-        if layers:
-            self._chosen_fields(parameters, context, layers)
-            self.target_system(parameters, context, layers[0])
+        self._chosen_fields(parameters, context, layers)
+        self.target_system(parameters, context, layers[0])
 
     def processAlgorithm(self, parameters, context, feedback):
         layers = self._layers(parameters, context)
@@ -60,7 +59,9 @@ class LayersToArchive(Algorithm):
     def _layers(self, parameters, context):
         given = parameters.get("INPUT")
         layers = self.parameterAsLayerList(parameters, "INPUT", context)
-        if given and len(layers) < (len(given) if isinstance(given, (list, tuple)) else 1):
+        if not given:
+            raise refusal("INPUT", "", "no layer is chosen.")
+        if len(layers) < (len(given) if isinstance(given, (list, tuple)) else 1):
             raise refusal("INPUT", "", "a layer can't be opened: look whether all are still in the "
                           "project, or the files where they were.")
         for layer in layers:

@@ -9,6 +9,7 @@ from ..layers.reading import Reader
 from ..layers.sources import POINTS_ONLY, check_field, source_of
 from ..programs import batch
 from ..programs.scratch import put_in_place, scratch_folder
+from ..refusals import refusal
 from .algorithm import Algorithm
 from .groups import TO_ARCHIVE
 from .presets import ANGLES, VALUES, preset
@@ -63,5 +64,7 @@ class Results(Algorithm):
         """Name in the prepared table and place in the source of each field that is given."""
         names = [(field, self.parameterAsString(parameters, field, context)) for field in FIELDS]
         layer = source.sourceName()
+        if not names[0][1]:
+            raise refusal(FIELDS[0], layer, "choose the field with the result.")
         return [(field, check_field(field, layer, source.fields(), name, numeric=True))
                 for field, name in names if name]

@@ -80,14 +80,13 @@ class Reader:
     def _features(self, fields):
         request = QgsFeatureRequest()
         request.setSubsetOfAttributes([field for field in fields if field >= 0])
-        total = self.source.featureCount()
+        total, canceled = self.source.featureCount(), self.feedback.isCanceled
         for number, feature in enumerate(self.source.getFeatures(
                 request, QgsProcessingFeatureSource.FlagSkipGeometryValidityChecks)):
-            if number % PROGRESS_EVERY == 0:
-                if self.feedback.isCanceled():
-                    raise QgsProcessingException("Cancelled: the old result is untouched.")
-                if total > 0:
-                    self.feedback.setProgress(100 * number / total)
+            if canceled():  # each time, as a feature may be large
+                raise QgsProcessingException("Cancelled: the old result is untouched.")
+            if number % PROGRESS_EVERY == 0 and total > 0:
+                self.feedback.setProgress(100 * number / total)
             geometry = feature.geometry()
             if geometry.isEmpty():
                 self.empty += 1

@@ -1,6 +1,6 @@
 """The inputs of an algorithm, with the checks that Processing leaves to it."""
 
-from qgis.core import QgsWkbTypes
+from qgis.core import QgsMapLayer, QgsProcessingFeatureSourceDefinition, QgsWkbTypes
 
 from ..refusals import refusal
 
@@ -8,6 +8,16 @@ KINDS = {QgsWkbTypes.PointGeometry: "points", QgsWkbTypes.LineGeometry: "lines",
          QgsWkbTypes.PolygonGeometry: "polygons", QgsWkbTypes.NullGeometry: "no geometry"}
 LINES_OR_POLYGONS = (QgsWkbTypes.LineGeometry, QgsWkbTypes.PolygonGeometry)
 POINTS_ONLY = (QgsWkbTypes.PointGeometry,)
+
+
+def name_of(value, context):
+    """What people call the (first) layer in a value, or the file."""
+    if isinstance(value, (list, tuple)):
+        value = value[0] if value else None
+    if isinstance(value, QgsProcessingFeatureSourceDefinition):
+        value = value.source.staticValue()
+    layer = value if isinstance(value, QgsMapLayer) else context.getMapLayer(str(value))
+    return layer.name() if layer else str(value or "")
 
 
 def check_kind(parameter, layer, wkb_type, kinds):

@@ -23,9 +23,9 @@ class StringLayers:
         """Goes through the converter's layer."""
         total = max(1, layer.featureCount())
         for number, feature in enumerate(layer.getFeatures()):
+            if feedback.isCanceled():
+                raise QgsProcessingException("Cancelled.")
             if number % PROGRESS_EVERY == 0:
-                if feedback.isCanceled():
-                    raise QgsProcessingException("Cancelled.")
                 feedback.setProgress(100 * number / total)
             shape, level = feature.geometry().constGet(), feature[0]
             if isinstance(shape, QgsLineString):
