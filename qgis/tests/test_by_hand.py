@@ -2,6 +2,7 @@
 shapefile with ogr2ogr and runs the converter on it."""
 
 import math
+import os
 import pathlib
 import shutil
 import subprocess
@@ -104,10 +105,10 @@ def joined(stored):
     return made
 
 
-def long_lines():
+def long_lines(count):
     return [("LINESTRING(" + ",".join(f"{500000 + x * 0.7} {6000000 + y + math.sin(x)}"
                                       for x in range(1000)) + ")", f"line {y}", y)
-            for y in range(300)]
+            for y in range(count)]
 
 
 def sql(text):
@@ -170,7 +171,7 @@ NAMED = {
     "join": (".gpkg", ogr.wkbLineString, FIELDS, ROADS, joined, "owner",
              sql("SELECT geom, CASE n WHEN 'kerb' THEN 'Shire' WHEN 'weir' THEN 'State' ELSE '' END"
                  " AS n FROM roads")),
-    "300,000 vertices": (".gpkg", ogr.wkbLineString, FIELDS, long_lines(), as_it_is, "n",
+    "300,000 vertices": (".gpkg", ogr.wkbLineString, FIELDS, long_lines(300), as_it_is, "n",
                          ["-select", "n"]),
 }
 LEVEL = "SELECT geom, CAST(z AS FLOAT) AS ELEVATION FROM roads"
@@ -228,6 +229,26 @@ class ByHand(unittest.TestCase):
                 model = given["INPUT"].name()
                 self.assertEqual(pathlib.Path(result["OUTPUT"]).read_bytes(),
                                  convert(self.folder / "hand", "-model", model, *arguments))
+
+    def test_million_vertices(self):
+        self.folder.mkdir(parents=True)
+        stored = store(self.folder / "roads.gpkg", ogr.wkbLineString, FIELDS, long_lines(1000))
+        export(stored, self.folder / "roads.shp", *sql(LEVEL))
+        opened = as_it_is(stored)
+
+        def seconds(work):
+            """The least processor time of three runs, the programs that it runs included."""
+            least = math.inf
+            for _ in range(3):
+                before = sum(os.times()[:4])
+                work()
+                least = min(least, sum(os.times()[:4]) - before)
+            return least
+
+        whole = seconds(lambda: run("breaklines3d", INPUT=opened, ELEVATION="z"))
+        converter = seconds(lambda: convert(self.folder, "-zln", "roads.shp"))
+        reading = seconds(lambda: [feature.geometry() for feature in opened.getFeatures()])
+        self.assertLess(whole, 3 * converter + reading)
 
     def test_examples(self):
         shutil.copytree(EXAMPLES, self.folder)

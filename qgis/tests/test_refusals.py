@@ -3,6 +3,7 @@ that fails or is cancelled leaves the old result."""
 
 import json
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -134,19 +135,22 @@ class Outside(unittest.TestCase):
             "layers": [["site", 7, "categorizedSymbol"]],
             "actions": [["Save layer as 12d archive…", True]], "picture": True})
 
-    def test_status_and_words_of_qgis_process(self):
+    def test_commands_of_the_guide(self):
+        folder = FOLDER / "guide"
+        shutil.copytree(EXAMPLES, folder)
         environment = dict(os.environ, QGIS_CUSTOM_CONFIG_PATH=str(FOLDER / "profile"),
                            QGIS_PLUGINPATH=str(PLUGINS))
-        subprocess.run([QGIS_PROCESS, "plugins", "enable", "vantelgis"], env=environment,
-                       check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        for field, status, words in (("NAME", 0, "Converted: 3"),
-                                     ("no", 1, 'NAME ("kerb"): there is no field "no"')):
-            output = FOLDER / f"shell_{field}.12da"
-            ended = subprocess.run(
-                [QGIS_PROCESS, "run", "vantelgis:breaklines2d", f"INPUT={EXAMPLES}/kerb.shp",
-                 f"NAME={field}", "CRS=EPSG:28356", f"OUTPUT={output}"], env=environment, text=True,
-                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                check=False)
-            self.assertEqual((ended.returncode, output.exists()), (status, status == 0),
-                             ended.stdout)
-            self.assertIn(words, ended.stdout)
+        guide = (ROOT / "docs" / "qgis.md").read_text(encoding="utf-8")
+        enable, convert = re.findall(r"^ {4}qgis_process (.*)$", guide, re.MULTILINE)
+        words, = re.findall(r"^ {4}(NAME .*)$", guide, re.MULTILINE)
+        for command, status, said in (
+                (enable, 0, "vantelgis"), (convert, 0, "Converted: 3"),
+                (convert.replace("=NAME", "=no"), 1, words),
+                (convert.replace("28356", "999999"), 1, 'CRS ("kerb"): there is no such')):
+            (folder / "kerb.12da").unlink(missing_ok=True)
+            ended = subprocess.run([QGIS_PROCESS, *command.split()], cwd=folder, env=environment,
+                                   text=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                   stderr=subprocess.STDOUT, check=False)
+            self.assertEqual(ended.returncode, status, ended.stdout)
+            self.assertIn(said, ended.stdout)
+            self.assertEqual((folder / "kerb.12da").exists(), said == "Converted: 3")
