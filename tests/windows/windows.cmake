@@ -14,6 +14,12 @@ foreach(page 1252 932)
     $<TARGET_FILE:half_character> "${CMAKE_CROSSCOMPILING_EMULATOR}")
   set_tests_properties(names_${page} PROPERTIES TIMEOUT 300)
 endforeach()
+# What the batch does otherwise than on POSIX.
+add_test(NAME batch_windows COMMAND Python3::Interpreter
+  ${CMAKE_CURRENT_SOURCE_DIR}/windows/batch_test.py --batch $<TARGET_FILE:vantelgis-batch>
+  --program $<TARGET_FILE:vantelgis> --stand-in $<TARGET_FILE:batch_stand_in>
+  --launcher "${CMAKE_CROSSCOMPILING_EMULATOR}")
+set_tests_properties(batch_windows PROPERTIES TIMEOUT 300)
 # The zip as its users unpack it.
 add_test(NAME zip_packed COMMAND ${PROJECT_SOURCE_DIR}/tools/build-windows)
 add_test(NAME zip COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/windows/zip_test.py

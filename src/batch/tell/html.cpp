@@ -114,6 +114,7 @@ void writeHtml(Spool& spool, ReportFile& out) {
     out.put(kHead);
     out.put(headText(spool.summary));
     std::string runs;
+    runs.reserve(kMostBytes);  // growing would hold it twice
     Overview overview;
     std::int64_t left = 0;
     int opened = 10;  // of those that need an eye

@@ -1,5 +1,6 @@
 #include "batch/tell/reports.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "batch/files.h"
@@ -40,10 +41,15 @@ ReportFile::~ReportFile() {
 
 void ReportFile::put(std::string_view text) {
     size_ += text.size();
-    waiting_.append(text);
-    if (waiting_.size() < kBlock || failed_) return;
-    failed_ = !vantelgis::platform::writeFile(file_, waiting_.data(), waiting_.size());
-    waiting_.clear();
+    while (!text.empty()) {
+        const std::size_t part = std::min(text.size(), kBlock);
+        waiting_.append(text.substr(0, part));
+        text.remove_prefix(part);
+        if (waiting_.size() < kBlock) continue;
+        if (!failed_)
+            failed_ = !vantelgis::platform::writeFile(file_, waiting_.data(), waiting_.size());
+        waiting_.clear();
+    }
 }
 
 bool ReportFile::finish() {
