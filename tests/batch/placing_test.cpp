@@ -21,6 +21,7 @@ int faultAt = -1;
 int calls = 0;
 bool endsProcess = false;
 bool faultStays = false;  // as on a disk that is taken away
+bool noLinks = false;     // as on a disk whose file system has no second names
 
 struct ProcessEnds {};
 
@@ -47,7 +48,8 @@ int __wrap_rename(const char* from, const char* to) {
     return failsNow() ? -1 : __real_rename(from, to);
 }
 int __wrap_link(const char* from, const char* to) {
-    return failsNow() ? -1 : __real_link(from, to);
+    if (noLinks) errno = EPERM;
+    return noLinks || failsNow() ? -1 : __real_link(from, to);
 }
 int __wrap_unlink(const char* name) {
     return failsNow() ? -1 : __real_unlink(name);
@@ -149,28 +151,53 @@ TEST_P(Placing, LeavesAllOrNoneWhicheverCallFails) {
     }
 }
 
+// True when the process ended at its call `at`.
+template <typename Body>
+bool endsAt(int at, Body body) {
+    calls = 0;
+    endsProcess = true;
+    faultAt = at;
+    bool ended = false;
+    try {
+        body();
+    } catch (const ProcessEnds&) {
+        ended = true;
+    }
+    faultAt = -1;
+    endsProcess = false;
+    return ended;
+}
+
+// The next one may be ended as well, while it puts things in order.
 TEST_P(Placing, IsFinishedOrUndoneByTheNextWheneverTheProcessEnds) {
     const std::size_t count = GetParam();
-    bool met = true;
-    for (int n = 0; met; ++n) {
-        const Folders folders(count);
-        calls = 0;
-        endsProcess = true;
-        faultAt = n;
-        std::string failure;
-        met = false;
-        try {
-            placeResults(folders.scratch, folders.target, folders.moves, failure);
-        } catch (const ProcessEnds&) {
-            met = true;
+    std::string failure;
+    for (const bool linkless : {false, true}) {
+        noLinks = linkless;
+        int second = 0;
+        for (int first = 0; first >= 0;) {
+            const Folders folders(count);
+            const auto place = [&] {
+                placeResults(folders.scratch, folders.target, folders.moves, failure);
+            };
+            const auto recover = [&] {
+                EXPECT_EQ(recoverPlacing(folders.scratch, folders.target), Placed::all);
+            };
+            const bool met = endsAt(first, place);
+            const bool metAgain = met && endsAt(second, recover);
+            recover();
+            const std::string results = folders.results();
+            EXPECT_TRUE(results == oldResults(count) || results == newResults(count))
+                << first << ", " << second << ": " << results;
+            if (metAgain) {
+                ++second;
+            } else {
+                second = 0;
+                first = met ? first + 1 : -1;
+            }
         }
-        faultAt = -1;
-        const Placed recovered = recoverPlacing(folders.scratch, folders.target);
-        EXPECT_EQ(recovered, Placed::all);
-        const std::string results = folders.results();
-        EXPECT_TRUE(results == oldResults(count) || results == newResults(count))
-            << n << ": " << results;
     }
+    noLinks = false;
 }
 
 // The disk may stay bad, then or when the next batch puts things in order; in the end it is well.
