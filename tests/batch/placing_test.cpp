@@ -254,6 +254,27 @@ TEST(AScratchFolder, IsGoneAfterwardsWhicheverCallFailed) {
     }
 }
 
+TEST(AScratchFolder, ThatWasNotRemovedIsSoByTheNext) {
+    bool met = true;
+    for (int n = 0; met; ++n) {
+        const std::string target = newFolder();
+        std::vector<std::string> notes;
+        std::string failure;
+        Scratch scratch;
+        ASSERT_TRUE(scratch.open(target, notes, failure)) << failure;
+        put(scratch.runFolder() + "/left", "");
+        calls = 0;
+        faultAt = n;
+        scratch.close();
+        met = calls > n;
+        faultAt = -1;
+        cleanAbandoned(target, notes);
+        EXPECT_FALSE(fs::exists(target + "/.vantelgis-batch")) << n;
+        EXPECT_TRUE(notes.empty());
+        fs::remove_all(target);
+    }
+}
+
 }  // namespace
 
 }  // namespace vantelgis::batch

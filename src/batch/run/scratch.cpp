@@ -32,6 +32,14 @@ bool isFresh(const std::string& file) {
     return std::chrono::nanoseconds(now).count() - statusOf(file).changed < kHour;
 }
 
+// The lock stays where something of the folder does: the next one that comes finds it by that.
+void removeWithLock(const std::string& folder, LockFile& lock) {
+    if (!statusOf(folder).exists() || removeTree(folder))
+        lock.removeAndRelease();
+    else
+        lock.release();
+}
+
 // One folder that somebody left, by its lock.
 void cleanOne(const std::string& target, const std::string& lockName,
               std::vector<std::string>& notes) {
@@ -51,7 +59,7 @@ void cleanOne(const std::string& target, const std::string& lockName,
         notes.push_back(folder + " holds old results that can't be put back: " + lastFailure());
         return;
     }
-    if (!statusOf(folder).exists() || removeTree(folder)) lock.removeAndRelease();
+    removeWithLock(folder, lock);
 }
 
 }  // namespace
@@ -138,8 +146,7 @@ void Scratch::close() {
     if (console_ != vantelgis::platform::kNoFile)
         static_cast<void>(vantelgis::platform::closeFile(console_));
     console_ = vantelgis::platform::kNoFile;
-    removeTree(folder_);
-    lock_.removeAndRelease();
+    removeWithLock(folder_, lock_);
     removeEmptyFolder(base_);
     folder_.clear();
 }
