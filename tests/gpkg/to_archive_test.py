@@ -8,7 +8,7 @@ import sqlite3
 import struct
 
 import harness
-from harness import GpkgTest, archive, string, strings_of
+from harness import GpkgTest, archive, geometry, string, strings_of
 
 A_LINE = {"type": "LineString", "coordinates": [[1, 2, 3], [4, 5, 6]]}
 
@@ -53,6 +53,16 @@ class FromOthers(GpkgTest):
         self.ogr("ogr2ogr", "-nlt", "CURVE", "-f", "GPKG", "b.gpkg", "a.gpkg", "-where", "fid=1")
         self.run_gpkg("b.gpkg", "--model", "own")
         self.assertEqual(strings_of(self.read("b.12da"))[0]["model"], "own")
+
+    def test_shapefile(self):
+        self.ogr("ogr2ogr", "-explodecollections", "-nln", "kerb", "a.gpkg",
+                 str(harness.ROOT / "examples/kerb.shp"))
+        found = self.strings("--model", "kerbs")
+        rows = self.query("a.gpkg", "SELECT geom FROM kerb WHERE geom NOT NULL ORDER BY fid")
+        stored = [geometry(blob)[1] for blob, in rows]
+        self.assertEqual([line[0] for line in self.convert("a.12da")[1]],
+                         [[(round(x, 5), round(y, 5)) for x, y, *_ in line] for line in stored])
+        self.assertGreater(len(found), 0)
 
     def test_fields_and_order(self):
         rows = [({"type": "LineString", "coordinates": [[i, 0], [i, 1]]}, properties)
