@@ -21,8 +21,8 @@ inline constexpr std::size_t kLongestText = 100;
 
 /// A text as it can stand between double quotes in a line of an archive: valid UTF-8, without
 /// blanks at its end. Most texts are that already and come back as they are; others are made in
-/// `room`.
-[[nodiscard]] std::string_view cleanText(std::string_view text, std::string& room,
+/// `clean`.
+[[nodiscard]] std::string_view cleanText(std::string_view text, std::string& clean,
                                          TextChanges& changes);
 
 /// A value as attribute lines have it: a plain word as it stands, anything else cleaned, in quotes.
