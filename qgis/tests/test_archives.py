@@ -1,12 +1,14 @@
 """Archives as layers, and layers as archives with all that they know."""
 
+import configparser
 import math
 import pathlib
+import re
 import sqlite3
 import unittest
 
-from support import (EXAMPLES, FOLDER, MGA55, MGA56, SITE, Log, layer, processing, refused,
-                     run, strings)
+from support import (EXAMPLES, FOLDER, MGA55, MGA56, PLUGINS, ROOT, SITE, Log, layer, processing,
+                     refused, run, strings)
 
 from qgis.core import (QgsApplication, QgsGeometry, QgsLineString, QgsProcessingContext, QgsProject,
                        QgsVectorLayer)
@@ -104,7 +106,17 @@ class FromLayers(unittest.TestCase):
 
 
 class Provider(unittest.TestCase):
-    """What the toolbox shows."""
+    """What the installer and the toolbox show."""
+
+    def test_metadata(self):
+        metadata = configparser.ConfigParser()
+        metadata.read(PLUGINS / "vantelgis" / "metadata.txt", encoding="utf-8")
+        general = metadata["general"]
+        version = re.search(r"^project\(.* VERSION ([0-9.]+)", (ROOT / "CMakeLists.txt").read_text(),
+                            re.MULTILINE)[1]
+        self.assertEqual((general["version"], general["hasProcessingProvider"],
+                          general["qgisMinimumVersion"]), (version, "yes", "3.22"))
+        self.assertTrue((PLUGINS / "vantelgis" / general["icon"]).is_file())
 
     def test_every_algorithm_is_described(self):
         algorithms = QgsApplication.processingRegistry().providerById("vantelgis").algorithms()
