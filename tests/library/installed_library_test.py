@@ -15,7 +15,7 @@ import tempfile
 TOP = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(TOP / "cmake/toolkit"))
 from c_headers import all_routines  # noqa: E402
-from host_runs import HOST_RUNS, OPENED, RULE, TYPED  # noqa: E402
+from host_runs import HOST_RUNS, OPENED, RULE, STREAMS, TYPED  # noqa: E402
 
 RECORDS = {"DMESSAGES", "openerSettings"}
 READS = "reading levels.txt\n" + OPENED + " 101\n...Closed File Unit: 101\nsum 3.75\n"
@@ -68,20 +68,41 @@ def check_examples(root, folder):
         assert shown == READS, shown
 
 
-def build_host(root, folder):
+def build_host(root, folder, compiler, standard, source):
     settings = os.environ | {"PKG_CONFIG_PATH": str(next(root.rglob("pkgconfig")))}
     flags = run("pkg-config", "--cflags", "--libs", "vantelgis", env=settings).split()
-    source = pathlib.Path(__file__).parent / "host.c"
-    run("cc", "-std=c11", "-Wall", "-Wextra", "-pedantic", "-Werror", source, "-o", folder / "host", *flags,
-        f"-Wl,-rpath,{next(root.rglob('libvantelgis_toolkit.so')).parent}")
-    return folder / "host"
+    source = pathlib.Path(__file__).parent / source
+    run(compiler, f"-std={standard}", "-Wall", "-Wextra", "-pedantic", "-Werror", source, "-o",
+        folder / source.stem, *flags, f"-Wl,-rpath,{next(root.rglob('libvantelgis_toolkit.so')).parent}")
+    return folder / source.stem
 
 
-def on_terminal(host, argument, folder):
+def check_other_compiler(root):
+    """The C headers have no words of GNU: the compiler of the other system's ABI takes them too."""
+    if not (clang := shutil.which("clang")):
+        return
+    header = next(root.rglob("include/**/vantelgis.h"))
+    own = pathlib.Path(run(clang, "-print-resource-dir").strip()) / "include"
+    for language, standard in (("c", "c11"), ("c++", "c++11")):
+        run(clang, "--target=x86_64-pc-windows-msvc", "-fms-compatibility", "-ffreestanding", "-nostdinc",
+            "-isystem", own, "-fsyntax-only", "-Wall", "-Wextra", "-pedantic", "-Werror", "-x", language,
+            f"-std={standard}", header)
+
+
+def check_streams(host, folder):
+    for arguments in ([], ["own buffer"]):
+        assert run(host, *arguments) == STREAMS
+        with open(folder / "shown", "w+", encoding="utf-8") as out:
+            subprocess.run([host, *arguments], stdout=out, check=True)
+        assert (folder / "shown").read_text("utf-8") == STREAMS
+        assert on_terminal(host, arguments, folder) == STREAMS
+
+
+def on_terminal(host, arguments, folder):
     master, slave = pty.openpty()
     (folder / "typed").write_text(TYPED)
     with open(folder / "typed", encoding="utf-8") as typed, subprocess.Popen(
-            [host, argument], stdin=typed, stdout=slave, stderr=subprocess.DEVNULL, cwd=folder):
+            [host, *arguments], stdin=typed, stdout=slave, stderr=subprocess.DEVNULL, cwd=folder):
         os.close(slave)
         shown = b""
         try:
@@ -99,7 +120,7 @@ def check_host(host, folder):
             for name in files:
                 (folder / name).unlink(missing_ok=True)
             if where == "terminal":
-                shown = on_terminal(host, argument, folder)
+                shown = on_terminal(host, [argument], folder)
             else:
                 with open(folder / "shown", "w+", encoding="utf-8") as out:
                     done = subprocess.run([host, argument], input=TYPED, text=True, cwd=folder,
@@ -125,7 +146,9 @@ def main():
         (folder / "levels.txt").write_text("1.5\n# a comment\n2.25, x\n")
         check_names(library)
         check_examples(root, folder)
-        check_host(build_host(root, folder), folder)
+        check_host(build_host(root, folder, "cc", "c11", "host.c"), folder)
+        check_streams(build_host(root, folder, "c++", "c++11", "streams.cpp"), folder)
+        check_other_compiler(root)
         (folder / "in.txt").write_text("  12.5 ! a level\n")
         run(sys.executable, pathlib.Path(__file__).with_name("example_lines.py"), library, cwd=folder)
 

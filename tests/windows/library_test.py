@@ -9,7 +9,8 @@ import subprocess
 import sys
 import tempfile
 
-LIBRARY_TESTS = pathlib.Path(__file__).resolve().parents[1] / "library"
+TOP = pathlib.Path(__file__).resolve().parents[2]
+LIBRARY_TESTS = TOP / "tests/library"
 sys.path.insert(0, str(LIBRARY_TESTS))
 from host_runs import HOST_RUNS, TYPED  # noqa: E402
 
@@ -18,6 +19,19 @@ def build_host(compiler, dev, library, folder):
     subprocess.run([compiler, "-std=c11", "-Wall", "-Werror", LIBRARY_TESTS / "host.c", "-o",
                     folder / "host.exe", "-I", dev / "include", dev / library], check=True)
     return folder / "host.exe"
+
+
+def check_examples(launcher, dev, folder):
+    """Built as their own CMakeLists.txt says, in C and in C++."""
+    subprocess.run(["cmake", "-G", "Ninja", "-S", dev / "examples/toolkit", "-B", folder / "build",
+                    f"-DCMAKE_TOOLCHAIN_FILE={TOP / 'cmake/windows-toolchain.cmake'}",
+                    f"-Dvantelgis_DIR={dev / 'cmake'}"], check=True, stdout=subprocess.DEVNULL)
+    subprocess.run(["cmake", "--build", folder / "build"], check=True, stdout=subprocess.DEVNULL)
+    shutil.copy(dev / "vantelgis_toolkit.dll", folder / "build")
+    for example, wanted in (("levels_c", "sum 3.75\n"), ("toolkit_example", "data: 1.5\n")):
+        done = subprocess.run([*launcher, folder / "build" / (example + ".exe"), "levels.txt"], cwd=folder,
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True)
+        assert wanted in done.stdout.decode().replace("\r\n", "\n"), done.stdout
 
 
 def check_host(command, folder):
@@ -48,6 +62,7 @@ def main():
         (folder / "levels.txt").write_text("1.5\n# a comment\n2.25, x\n")
         for library in ("libvantelgis_toolkit.dll.a", "vantelgis_toolkit.lib"):
             check_host([*launcher, build_host(arguments.compiler, dev, library, folder)], folder)
+        check_examples(launcher, dev, folder)
 
 
 main()
