@@ -91,7 +91,8 @@ void dropRepeatedPairs(std::vector<Input>& items) {
         if (!items[i].second.empty()) {
             const std::string points = keyOf(items[i].name);
             const std::string lines = keyOf(items[i].second);
-            const std::size_t hash = std::hash<std::string>{}(points + '\n' + lines);
+            const std::size_t hash =
+                std::hash<std::string>{}(std::string(points).append("\n").append(lines));
             const auto [first, last] = places.equal_range(hash);
             repeated = std::any_of(first, last, [&](const auto& place) {
                 const Input& other = items[place.second];

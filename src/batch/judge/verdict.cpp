@@ -149,7 +149,7 @@ bool failedByConsole(Case& run, std::int64_t timeout) {
     if (!run.outcome.failure.empty()) {
         fail(run.record, run.outcome.failure, "");
     } else if (end.timedOut) {
-        fail(run.record, "It took longer than " + grouped(timeout) + " seconds and was ended.",
+        fail(run.record, "It took longer than " + counted(timeout, "second") + " and was ended.",
              "Give it more time with --timeout.");
     } else if (end.status >= kSignalStatus) {
         fail(
