@@ -112,8 +112,8 @@ class Provider(unittest.TestCase):
         metadata = configparser.ConfigParser()
         metadata.read(PLUGINS / "vantelgis" / "metadata.txt", encoding="utf-8")
         general = metadata["general"]
-        version = re.search(r"^project\(.* VERSION ([0-9.]+)", (ROOT / "CMakeLists.txt").read_text(),
-                            re.MULTILINE)[1]
+        cmake = (ROOT / "CMakeLists.txt").read_text(encoding="utf-8")
+        version = re.search(r"^project\(.* VERSION ([0-9.]+)", cmake, re.MULTILINE)[1]
         self.assertEqual((general["version"], general["hasProcessingProvider"],
                           general["qgisMinimumVersion"]), (version, "yes", "3.22"))
         self.assertTrue((PLUGINS / "vantelgis" / general["icon"]).is_file())
