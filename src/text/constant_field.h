@@ -12,31 +12,37 @@ namespace vantelgis {
 
 /// The eight digits of `value`, which is below 10^8, as the bytes of a word, the first one lowest.
 /// Halves, quarters and eighths of the word are divided at once by multiplying with the rounded
-/// inverse of 100 and of 10, which is exact for so few digits.
-constexpr std::uint64_t eightDigits(std::uint32_t value) {
-    const std::uint64_t halves = value / 10000 | std::uint64_t{value % 10000} << 32;
+/// inverse of 10000, 100 and 10, which is exact for so few digits. A quotient is taken from the low
+/// part of its lane, and the remainder put above it, by one subtraction.
+constexpr std::uint64_t eightDigits(std::uint64_t value) {
+    const std::uint64_t thousands = value * 0xD1B71759U >> 45;
+    const std::uint64_t halves = (value << 32) - thousands * ((std::uint64_t{10000} << 32) - 1);
     const std::uint64_t hundreds = halves * 10486 >> 20 & 0x0000007F0000007FU;
-    const std::uint64_t pairs = hundreds | (halves - 100 * hundreds) << 16;
+    const std::uint64_t pairs = (halves << 16) - hundreds * ((100U << 16) - 1);
     const std::uint64_t tens = pairs * 103 >> 10 & 0x000F000F000F000FU;
-    return tens | (pairs - 10 * tens) << 8;
+    return (pairs << 8) - tens * ((10U << 8) - 1);
 }
 
-/// |value| * 10^Decimals as the nearest integer, ties to even. The bits are those of 0 or of a
-/// value from 2^-10 to below 2^27.
+/// A number of at most eight digits before its point, and `Decimals` behind it, as two integers.
+struct ScaledNumber {
+    std::uint64_t whole;
+    std::uint64_t fraction;
+};
+
+/// The nearest such number, ties to even. `size` is 0 or from 2^-10 to below 10^8 - 1: its fraction
+/// is then a whole number of 2^-62.
 template <int Decimals>
-constexpr std::uint64_t scaledBits(std::uint64_t bits) {
+ScaledNumber scaledNumber(double size) {
     __extension__ using Wide = unsigned __int128;
-    constexpr std::uint64_t kPower = powerOfTen(Decimals);
-    if (bits == 0) return 0;
-    const int shift = 1075 - static_cast<int>(bits >> 52);  // the value is mantissa / 2^shift
-    const std::uint64_t mantissa = (bits & 0xFFFFFFFFFFFFFU) | std::uint64_t{1} << 52;
-    const Wide product = static_cast<Wide>(mantissa) * kPower;
-    const auto low = static_cast<std::uint64_t>(product);
-    const auto high = static_cast<std::uint64_t>(product >> 64);
-    const std::uint64_t whole = low >> shift | high << (64 - shift);  // shift is 26 to 62
-    const std::uint64_t half = std::uint64_t{1} << (shift - 1);
-    const std::uint64_t rest = low & (2 * half - 1);
-    return whole + (rest + (whole & 1) > half ? 1 : 0);
+    constexpr std::uint64_t kHalf = std::uint64_t{1} << 63;
+    const auto whole = static_cast<std::int64_t>(size);
+    const auto rest = static_cast<std::int64_t>((size - static_cast<double>(whole)) * 0x1p62);
+    const Wide scaled = static_cast<Wide>(rest) * (4 * powerOfTen(Decimals));  // of 2^-64
+    const auto below = static_cast<std::uint64_t>(scaled);
+    auto fraction = static_cast<std::uint64_t>(scaled >> 64);
+    fraction += below + (fraction & 1) > kHalf ? 1U : 0U;
+    if (fraction == powerOfTen(Decimals)) return {static_cast<std::uint64_t>(whole) + 1, 0};
+    return {static_cast<std::uint64_t>(whole), fraction};
 }
 
 /// fixedField with a width and decimals that are known in advance. Values of the usual sizes, with
@@ -51,21 +57,21 @@ char* fixedField(char* out, double value) {
     constexpr std::uint64_t kZeros = 0x3030303030303030U;
 
     const double size = std::fabs(value);
-    const auto bits = std::bit_cast<std::uint64_t>(value);
-    const bool usual = bits == 0 || (size >= 0x1p-10 && size < kLimit);
+    const bool usual =
+        std::bit_cast<std::uint64_t>(value) == 0 || (size >= 0x1p-10 && size < kLimit);
     if (std::endian::native != std::endian::little || !usual)
         return fixedField(out, value, Width, Decimals);
-    const std::uint64_t number = scaledBits<Decimals>(std::bit_cast<std::uint64_t>(size));
-    std::uint64_t whole = eightDigits(static_cast<std::uint32_t>(number / powerOfTen(Decimals)));
+    const ScaledNumber number = scaledNumber<Decimals>(size);
+    std::uint64_t whole = eightDigits(number.whole);
     // Leading zeros, but for that of the last place, become blanks: one bit is between them.
-    const int blanks = std::countr_zero(whole | std::uint64_t{1} << 56) / 8;
-    whole = (whole | kZeros) ^ (((std::uint64_t{1} << 8 * blanks) - 1) & 0x1010101010101010U);
+    const std::uint64_t firstDigit = whole | std::uint64_t{1} << 56;
+    whole = (whole | kZeros) ^ (~firstDigit & (firstDigit - 1) & 0x1010101010101010U);
     if (value < 0) {
+        const int blanks = std::countr_zero(firstDigit) / 8;
         if (blanks == 8 - kDigits) return fixedField(out, value, Width, Decimals);
         whole ^= std::uint64_t{' ' ^ '-'} << 8 * (blanks - 1);
     }
-    const std::uint64_t fraction =
-        eightDigits(static_cast<std::uint32_t>(number % powerOfTen(Decimals))) | kZeros;
+    const std::uint64_t fraction = eightDigits(number.fraction) | kZeros;
     const std::uint64_t wholeText = whole >> 8 * (8 - kDigits);
     const std::uint64_t fractionText = fraction >> 8 * (8 - Decimals);
     std::memset(out, ' ', kWhole - kDigits);

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "support/rows.h"
+#include "text/constant_field.h"
 
 namespace vantelgis {
 namespace {
@@ -91,6 +92,52 @@ TEST(FixedField, EqualsTheGeneralAlgorithm) {
             ++faults;
             ADD_FAILURE() << 'F' << width << '.' << digits << " of " << std::hexfloat << value
                           << " is not \"" << expected << '"';
+        }
+    }
+}
+
+template <int Width, int Decimals>
+bool knownEqualsAny(double value) {
+    char columns[Width];
+    const std::string_view known{columns, Width};
+    EXPECT_EQ((fixedField<Width, Decimals>(columns, value)), columns + Width);
+    return known == FixedText(value, Width, Decimals).operator std::string_view();
+}
+
+// The widths that the program writes.
+bool knownWidthsEqualAny(double value) {
+    return knownEqualsAny<6, 2>(value) && knownEqualsAny<10, 4>(value) &&
+           knownEqualsAny<12, 4>(value) && knownEqualsAny<16, 3>(value) &&
+           knownEqualsAny<16, 5>(value) && knownEqualsAny<16, 6>(value) &&
+           knownEqualsAny<20, 4>(value);
+}
+
+TEST(FixedField, KnownWidthsEqualAnyWidth) {
+    std::mt19937_64 random(20240301);
+    int faults = 0;
+    for (int i = 0; i < 100'000 && faults < 10; ++i) {
+        const std::uint64_t bits = random();
+        const double scale = std::pow(10.0, i % 9);
+        const double tie = std::ldexp(static_cast<double>(bits >> 37), -(i % 28));
+        const double nines = scale - std::pow(10.0, -(i / 9 % 8)) * (i % 5) / 4;
+        const double values[] = {
+            std::bit_cast<double>(bits),                                // any pattern of bits
+            std::ldexp(static_cast<double>(bits >> 11), -26 - i % 40),  // of ordinary size
+            static_cast<double>(bits % 100'000'000'000) / scale,        // as files hold them
+            tie,
+            std::nextafter(tie, 0.0),
+            std::nextafter(tie, 1e9),
+            nines,
+            std::nextafter(nines, 0.0),
+            std::nextafter(nines, 1e9),
+            0x1p-10,
+            std::nextafter(0x1p-10, 0.0),
+            0.0,
+        };
+        for (const double value : values) {
+            if (knownWidthsEqualAny(value) && knownWidthsEqualAny(-value)) continue;
+            ++faults;
+            ADD_FAILURE() << std::hexfloat << value;
         }
     }
 }
