@@ -5,6 +5,7 @@
 
 #include "run/console.h"
 #include "run/messages.h"
+#include "run/plain_line.h"
 #include "run/stop.h"
 #include "run/unit_reading.h"
 #include "text/characters.h"
@@ -22,7 +23,7 @@ constexpr std::size_t kVertexLineCapacity = 10000;
 // A line with a null in it counts by its first 100 characters once the number stands there. One as
 // short as this can't get so long.
 constexpr std::size_t kReplacedCapacity = 100;
-constexpr std::size_t kShortLine = 80;
+constexpr std::size_t kPlainCapacity = 80;
 
 constexpr std::string_view kNullWord = "null";
 constexpr std::string_view kNullHexadecimal = "-0x1.869f000000000p+16";  // kNullElevation
@@ -107,29 +108,18 @@ void VertexTable::stopAtLimit() const {
     stopRun();
 }
 
-// Nothing behind the numbers that could be more than text to be ignored.
-bool harmlessRest(std::string_view rest, bool nullWords) {
-    if (withoutLeadingBlanks(rest).empty()) return true;
-    return !nullWords && !contains(rest, '}') && !contains(rest, '/');
-}
-
-// Reads a line of the common kind, in which nothing counts but the numbers and a null for the
-// elevation. False for any other, which has to be looked at as a whole.
-bool takePlainLine(std::string_view line, const BlockForm& form, Vertex& vertex) {
-    FreeFormat list{line};
-    if (!taken(takeReal(list, vertex.x)) || !taken(takeReal(list, vertex.y))) return false;
-    if (form.threeNumbers) {
-        const Item item = takeReal(list, vertex.z);
-        if (item == Item::bad && form.nullWords && line.size() <= kShortLine &&
-            sameIgnoringCase(withoutTrailingBlanks(list.rest()), kNullWord)) {
-            vertex.z = kNullElevation;
-            return true;
-        }
-        if (!taken(item)) return false;
-    } else {
+// Reads the next line if it is of the common kind, in which there is nothing but the numbers and
+// perhaps a null for the elevation.
+bool takePlainLine(int unit, const BlockForm& form, Vertex& vertex) {
+    PlainLine line(unit, kPlainCapacity);
+    if (!line.number(vertex.x) || !line.number(vertex.y)) return false;
+    if (!form.threeNumbers) {
         vertex.z = form.level;
+    } else if (!line.number(vertex.z)) {
+        if (!form.nullWords || !line.word(kNullWord)) return false;
+        vertex.z = kNullElevation;
     }
-    return harmlessRest(list.rest(), form.nullWords);
+    return line.end();
 }
 
 // The line with each `null` replaced; what doesn't fit is cut.
@@ -182,10 +172,8 @@ BlockForm formOf(const Archive& archive, const D12Object& object) {
 
 enum class LineUse { vertex, none, blockEnd };
 
-// A line that holds more than its numbers.
-LineUse takeUnusualLine(int unit, std::string_view line, const BlockForm& form,
-                        VertexTable& table) {
-    line = d12CountingPart(line);
+LineUse takeLine(int unit, std::string_view line, const BlockForm& form, VertexTable& table) {
+    line = d12CountingPart(line.substr(0, kVertexLineCapacity));
     if (line.empty()) return LineUse::none;
     if (contains(line, '}')) return LineUse::blockEnd;
     const Text<kVertexLineCapacity> held = line;  // what the unit holds moves in the next test
@@ -197,21 +185,20 @@ LineUse takeUnusualLine(int unit, std::string_view line, const BlockForm& form,
     return LineUse::vertex;
 }
 
-LineUse takeLine(int unit, std::string_view line, const BlockForm& form, VertexTable& table) {
-    Vertex vertex = table.next();
-    if (!takePlainLine(line, form, vertex)) return takeUnusualLine(unit, line, form, table);
-    if (atEnd(unit)) return LineUse::blockEnd;  // a line with which the file ends is no vertex
-    table.checkLimit();
-    table.add(vertex);
-    return LineUse::vertex;
-}
-
 // Reads up to the end of the block. False when the file ends before its first line.
 bool readBlock(int unit, const BlockForm& form, VertexTable& table) {
     LineUse use = LineUse::none;
-    std::string_view line;
-    while (use != LineUse::blockEnd && d12NextLine(unit, line)) {
-        const LineUse next = takeLine(unit, line.substr(0, kVertexLineCapacity), form, table);
+    while (use != LineUse::blockEnd) {
+        Vertex vertex;
+        if (takePlainLine(unit, form, vertex)) {
+            table.checkLimit();
+            table.add(vertex);
+            use = LineUse::vertex;
+            continue;
+        }
+        std::string_view line;
+        if (!d12NextLine(unit, line)) break;
+        const LineUse next = takeLine(unit, line, form, table);
         if (next != LineUse::none) use = next;
     }
     return use != LineUse::none;

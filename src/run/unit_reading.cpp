@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "run/plain_line.h"
 #include "run/unit_writing.h"
 
 namespace vantelgis {
@@ -106,19 +107,18 @@ ReadResult readSplitLine(OpenFile& file, std::string_view& line) {
 
 ReadResult readLine(int unit, std::string_view& line) {
     OpenFile& file = readableFile(unit);
-    file.lineStart = file.bufferStart + static_cast<std::int64_t>(file.begin);
     const char* const start = file.buffer + file.begin;
     const auto* const lineEnd =
         static_cast<const char*>(std::memchr(start, '\n', file.end - file.begin));
-    if (lineEnd == nullptr) {
-        const ReadResult result = readSplitLine(file, line);
-        if (result == ReadResult::ok) ++file.lineNumber;
-        return result;
+    if (lineEnd != nullptr) {
+        takeLine(file, static_cast<std::size_t>(lineEnd - file.buffer) + 1);
+        line = lineBetween(start, lineEnd);
+        return ReadResult::ok;
     }
-    ++file.lineNumber;
-    file.begin = static_cast<std::size_t>(lineEnd - file.buffer) + 1;
-    line = lineBetween(start, lineEnd);
-    return ReadResult::ok;
+    file.lineStart = file.bufferStart + static_cast<std::int64_t>(file.begin);
+    const ReadResult result = readSplitLine(file, line);
+    if (result == ReadResult::ok) ++file.lineNumber;
+    return result;
 }
 
 std::int64_t lineNumber(int unit) {
@@ -197,12 +197,24 @@ Item takeAcrossLines(int unit, FreeFormat& list, double& target, std::size_t cap
     return item;
 }
 
-}  // namespace
-
-Item readPair(int unit, double& x, double& y, std::size_t capacity) {
+Item readAnyPair(int unit, double& x, double& y, std::size_t capacity) {
     FreeFormat list{{}};
     const Item first = takeAcrossLines(unit, list, x, capacity);
     return taken(first) ? takeAcrossLines(unit, list, y, capacity) : first;
+}
+
+}  // namespace
+
+Item readPair(int unit, double& x, double& y, std::size_t capacity) {
+    PlainLine plain(unit, capacity);
+    double first;
+    double second;
+    if (plain.number(first) && plain.number(second) && plain.end()) {
+        x = first;
+        y = second;
+        return Item::value;
+    }
+    return readAnyPair(unit, x, y, capacity);
 }
 
 }  // namespace vantelgis

@@ -22,6 +22,13 @@ enum class ReadResult {
 /// cuts the view.
 ReadResult readLine(int unit, std::string_view& line);
 
+/// Takes the line that ends in front of `behind`, a place in the file's buffer.
+inline void takeLine(OpenFile& file, std::size_t behind) {
+    file.lineStart = file.bufferStart + static_cast<std::int64_t>(file.begin);
+    file.begin = behind;
+    ++file.lineNumber;
+}
+
 /// The number (from 1) of the line that readLine gave last, counted from the start of the file; 0
 /// before the first, and for a unit without a file. A line that backspaceUnit went back over counts
 /// again when it is read again. Reads of bytes count no lines.

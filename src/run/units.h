@@ -35,9 +35,9 @@ struct OpenFile {
     bool failed = false;           ///< the system refused a read, a write or a change of position
     bool failureGiven = false;     ///< reading: the caller has got the failure as a result
     std::size_t blockSize =
-        kBufferSize;            ///< writing: so many bytes or more are handed over at once
-    bool ownerReports = false;  ///< its owner has a message of its own for a failed write
-    char buffer[kBufferSize];
+        kBufferSize;               ///< writing: so many bytes or more are handed over at once
+    bool ownerReports = false;     ///< its owner has a message of its own for a failed write
+    char buffer[kBufferSize + 1];  ///< with a place behind the last byte for a mark
 };
 
 /// A unit: the number that stands for a file. A unit in use may have none (its opening failed or

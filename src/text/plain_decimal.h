@@ -23,8 +23,10 @@ template <>
 inline constexpr float kExactPowers<float>[] = {1e0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F,
                                                 1e6F, 1e7F, 1e8F, 1e9F, 1e10F};
 
-/// Adds the digits from `p` on to `mantissa`; gives the place behind them.
-inline const char* gatherDigits(const char* p, const char* end, std::uint64_t& mantissa) {
+/// Adds the digits from `p` on to `mantissa`; gives the place behind them. Where something else
+/// than a digit is known to follow, `end` is std::unreachable_sentinel.
+template <typename End>
+const char* gatherDigits(const char* p, End end, std::uint64_t& mantissa) {
     std::uint64_t gathered = mantissa;
     for (; p != end; ++p) {
         const std::uint64_t digit = std::uint64_t{static_cast<unsigned char>(*p)} - '0';
@@ -37,9 +39,10 @@ inline const char* gatherDigits(const char* p, const char* end, std::uint64_t& m
 
 /// Reads "[-+]digits[.digits]" from `p`, which is in front of `end`, where the digits are an
 /// integer that Real holds exactly: one exact division then gives the nearest value. Returns the
-/// place behind it, or null, with `target` as it was, when an item of another form stands there.
-template <typename Real>
-const char* takePlainDecimal(const char* p, const char* end, Real& target) {
+/// place behind it, or null, with `target` as it was, when something else stands there. `end` is as
+/// for gatherDigits.
+template <typename Real, typename End>
+const char* takeDecimal(const char* p, End end, Real& target) {
     constexpr std::uint64_t kLargest = std::uint64_t{1} << std::numeric_limits<Real>::digits;
     constexpr std::ptrdiff_t kMostDigits = sizeof(kExactPowers<Real>) / sizeof(Real) - 1;
 
@@ -57,9 +60,18 @@ const char* takePlainDecimal(const char* p, const char* end, Real& target) {
         digits += decimals;
     }
     if (digits == 0 || digits > kMostDigits || mantissa > kLargest) return nullptr;
-    if (p != end && !endsItem(*p)) return nullptr;
     const Real value = static_cast<Real>(mantissa) / kExactPowers<Real>[decimals];
     target = negative ? -value : value;
+    return p;
+}
+
+/// The same for a whole item of a free-format list.
+template <typename Real>
+const char* takePlainDecimal(const char* p, const char* end, Real& target) {
+    Real value;
+    p = takeDecimal(p, end, value);
+    if (p == nullptr || (p != end && !endsItem(*p))) return nullptr;
+    target = value;
     return p;
 }
 

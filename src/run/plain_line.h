@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstddef>
+#include <iterator>
+#include <string_view>
+
+#include "run/unit_reading.h"
+#include "text/characters.h"
+#include "text/plain_decimal.h"
+
+namespace vantelgis {
+
+/// The next line of a unit where it is one of plain decimals, as the lines of vertices nearly all
+/// are: read where it stands in the buffer, in one pass over its characters. Nothing is taken from
+/// the unit before `end` says true; a line of another form is left to readLine, and so is one that
+/// has more than `capacity` characters or is not in the buffer with a byte behind it.
+class PlainLine {
+  public:
+    PlainLine(int unit, std::size_t capacity)
+        : file_(readableFile(unit)),
+          capacity_(static_cast<std::ptrdiff_t>(capacity)),
+          start_(file_.buffer + file_.begin),
+          p_(start_) {
+        file_.buffer[file_.end] = '\0';  // ends all that is looked for
+    }
+
+    /// A number behind blanks; `target` stays as it was if there is none.
+    template <typename Real>
+    bool number(Real& target) {
+        skipBlanks();
+        const char* const behind = takeDecimal(p_, std::unreachable_sentinel, target);
+        if (behind == nullptr) return false;
+        p_ = behind;
+        return itemEnded();
+    }
+    /// A word behind blanks, in any case.
+    bool word(std::string_view wanted) {
+        skipBlanks();
+        if (!beginsWith({p_, sizeLeft()}, wanted)) return false;
+        p_ += wanted.size();
+        return itemEnded();
+    }
+    /// True if the line ends here, but for blanks; it is then the one read last.
+    bool end() {
+        skipBlanks();
+        const bool fits = p_ - start_ <= capacity_;
+        if (*p_ == '\r') ++p_;
+        if (!fits || *p_ != '\n' || sizeLeft() < 2) return false;
+        takeLine(file_, static_cast<std::size_t>(p_ + 1 - file_.buffer));
+        return true;
+    }
+
+  private:
+    void skipBlanks() {
+        while (*p_ == ' ') ++p_;
+    }
+    [[nodiscard]] bool itemEnded() const { return *p_ == ' ' || *p_ == '\r' || *p_ == '\n'; }
+    [[nodiscard]] std::size_t sizeLeft() const {
+        return file_.end - static_cast<std::size_t>(p_ - file_.buffer);
+    }
+
+    OpenFile& file_;
+    std::ptrdiff_t capacity_;
+    const char* start_;
+    const char* p_;
+};
+
+}  // namespace vantelgis
