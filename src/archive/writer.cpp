@@ -73,16 +73,6 @@ void d12BeginString(OutputLine& line, const D12StringHead& head) {
     line.end();
 }
 
-void d12AddVertex(OutputLine& line, double x, double y) {
-    line.text("    ");
-    line.fixed<16, 5>(x);
-    line.fixed<16, 5>(y);
-}
-
-void d12AddElevation(OutputLine& line, float z) {
-    line.fixed<12, 4>(static_cast<double>(z));
-}
-
 void d12EndString(int unit) {
     put(unit, kStringEnd);
 }

@@ -38,9 +38,15 @@ void d12BeginString(OutputLine& line, const D12StringHead& head);
 inline constexpr std::size_t kLinesRoom = 16384;
 
 /// Begins the line of a vertex with its x and y; a third number may follow.
-void d12AddVertex(OutputLine& line, double x, double y);
+inline void d12AddVertex(OutputLine& line, double x, double y) {
+    line.text("    ");
+    line.fixed<16, 5>(x);
+    line.fixed<16, 5>(y);
+}
 /// The elevation behind them.
-void d12AddElevation(OutputLine& line, float z);
+inline void d12AddElevation(OutputLine& line, float z) {
+    line.fixed<12, 4>(static_cast<double>(z));
+}
 
 /// Writes the end of a string's data and of the string.
 void d12EndString(int unit);

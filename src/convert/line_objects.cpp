@@ -42,7 +42,7 @@ std::int32_t countParts(const GisObject& object) {
 }
 
 void showPolyline(std::int32_t counter, std::int32_t nodes) {
-    consoleText("Polyline ", counter, " with ", nodes, " nodes...");
+    consolePut(Joined<64>("Polyline ", counter, " with ", nodes, " nodes..."));
 }
 
 void requireValue(Item item) {

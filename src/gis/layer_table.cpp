@@ -1,45 +1,32 @@
 #include "gis/layer_table.h"
 
-#include <memory>
-
 #include "gis/report.h"
 #include "run/stop.h"
 
 namespace vantelgis {
 
+// A slot is made when a layer is opened in it first: most runs open one or two.
+std::unique_ptr<GisLayer> layerSlots[kMaxLayers];
+
 namespace {
 
-// A slot is made when a layer is opened in it first: most runs open one or two.
-std::unique_ptr<GisLayer> table[kMaxLayers];
-
 std::unique_ptr<GisLayer>& slotOf(int gisID) {
-    return table[gisID - 1];
-}
-
-bool inTable(int gisID) {
-    return gisID >= 1 && gisID <= kMaxLayers;
-}
-
-[[noreturn]] void stopAtHandle(int gisID, std::string_view operation) {
-    if (gisID > kMaxLayers) stopShouldNotBeHere(operation);
-    stopWith(MessageLine("Should not be here ", operation, "[gisID=0] - please contact ",
-                         SUPPORT_ADDRESS, "."));
+    return layerSlots[gisID - 1];
 }
 
 }  // namespace
 
+void stopAtHandle(int gisID, std::string_view operation) {
+    if (gisID >= 1) stopShouldNotBeHere(operation);
+    stopWith(MessageLine("Should not be here ", operation, "[gisID=0] - please contact ",
+                         SUPPORT_ADDRESS, "."));
+}
+
 GisLayer& gisLayer(int gisID, std::string_view operation) {
-    if (!inTable(gisID)) stopAtHandle(gisID, operation);
+    if (gisID < 1 || gisID > kMaxLayers) stopAtHandle(gisID, operation);
     std::unique_ptr<GisLayer>& slot = slotOf(gisID);
     if (!slot) slot = std::make_unique<GisLayer>();
     return *slot;
-}
-
-GisLayer& usableLayer(int gisID, std::string_view operation) {
-    if (!inTable(gisID)) stopAtHandle(gisID, operation);
-    GisLayer* const layer = slotOf(gisID).get();
-    if (layer == nullptr || layer->kind == GisKind::none) stopShouldNotBeHere(operation);
-    return *layer;
 }
 
 int takeFreeLayer() {
@@ -52,7 +39,7 @@ int takeFreeLayer() {
 }
 
 void gisInitialiseLayers() {
-    for (std::unique_ptr<GisLayer>& slot : table) slot.reset();
+    for (std::unique_ptr<GisLayer>& slot : layerSlots) slot.reset();
 }
 
 }  // namespace vantelgis

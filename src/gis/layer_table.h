@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -79,8 +80,19 @@ struct GisLayer {
 /// and names `operation`.
 GisLayer& gisLayer(int gisID, std::string_view operation = "gisLayer");
 
-/// The same of a layer that is open: one of no kind is such a fault as well.
-GisLayer& usableLayer(int gisID, std::string_view operation);
+/// The slots that were used so far, from that of handle 1 on.
+extern std::unique_ptr<GisLayer> layerSlots[kMaxLayers];
+
+/// The stop of gisLayer and usableLayer.
+[[noreturn]] void stopAtHandle(int gisID, std::string_view operation);
+
+/// The same as gisLayer of a layer that is open: one of no kind is such a fault as well.
+inline GisLayer& usableLayer(int gisID, std::string_view operation) {
+    const bool inTable = gisID >= 1 && gisID <= kMaxLayers;
+    GisLayer* const layer = inTable ? layerSlots[gisID - 1].get() : nullptr;
+    if (layer == nullptr || layer->kind == GisKind::none) stopAtHandle(gisID, operation);
+    return *layer;
+}
 
 /// The lowest handle whose slot is free; the slot is brought to its start state. ERROR 0251 when
 /// there is none.

@@ -28,17 +28,17 @@ class PlainLine {
     template <typename Real>
     bool number(Real& target) {
         skipBlanks();
-        const char* const behind = takeDecimal(p_, std::unreachable_sentinel, target);
-        if (behind == nullptr) return false;
-        p_ = behind;
-        return itemEnded();
+        const char* const behind =
+            takePlainDecimal<endsItem>(p_, std::unreachable_sentinel, target);
+        if (behind != nullptr) p_ = behind;
+        return behind != nullptr;
     }
     /// A word behind blanks, in any case.
     bool word(std::string_view wanted) {
         skipBlanks();
         if (!beginsWith({p_, sizeLeft()}, wanted)) return false;
         p_ += wanted.size();
-        return itemEnded();
+        return endsItem(*p_);
     }
     /// True if the line ends here, but for blanks; it is then the one read last.
     bool end() {
@@ -54,7 +54,7 @@ class PlainLine {
     void skipBlanks() {
         while (*p_ == ' ') ++p_;
     }
-    [[nodiscard]] bool itemEnded() const { return *p_ == ' ' || *p_ == '\r' || *p_ == '\n'; }
+    static constexpr bool endsItem(char c) { return c == ' ' || c == '\r' || c == '\n'; }
     [[nodiscard]] std::size_t sizeLeft() const {
         return file_.end - static_cast<std::size_t>(p_ - file_.buffer);
     }

@@ -145,8 +145,7 @@ void backspaceUnit(int unit) {
     moveTo(file, file.lineStart);
 }
 
-ReadResult readBytes(int unit, void* out, std::size_t size) {
-    OpenFile& file = readableFile(unit);
+ReadResult readSplitBytes(OpenFile& file, void* out, std::size_t size) {
     auto* target = static_cast<char*>(out);
     while (size > 0) {
         if (!hasBytes(file)) return endOrFailure(file);
@@ -159,13 +158,7 @@ ReadResult readBytes(int unit, void* out, std::size_t size) {
     return ReadResult::ok;
 }
 
-ReadResult skipBytes(int unit, std::int64_t count) {
-    OpenFile& file = readableFile(unit);
-    const auto atHand = static_cast<std::int64_t>(file.end - file.begin);
-    if (count <= atHand) {
-        file.begin += static_cast<std::size_t>(count);
-        return ReadResult::ok;
-    }
+ReadResult skipBehindBuffer(OpenFile& file, std::int64_t count) {
     const std::int64_t position = file.bufferStart + static_cast<std::int64_t>(file.begin);
     const std::int64_t size = platform::fileSize(file.handle);
     const bool cutOff = count > size - position;
@@ -174,8 +167,7 @@ ReadResult skipBytes(int unit, std::int64_t count) {
     return cutOff ? ReadResult::end : ReadResult::ok;
 }
 
-std::string_view readSome(int unit, std::size_t most) {
-    OpenFile& file = readableFile(unit);
+std::string_view readRefilled(OpenFile& file, std::size_t most) {
     if (!hasBytes(file)) return {};  // the read that follows gives the reason
     const std::size_t n = std::min(most, file.end - file.begin);
     const std::string_view bytes{file.buffer + file.begin, n};
@@ -197,13 +189,13 @@ Item takeAcrossLines(int unit, FreeFormat& list, double& target, std::size_t cap
     return item;
 }
 
+}  // namespace
+
 Item readAnyPair(int unit, double& x, double& y, std::size_t capacity) {
     FreeFormat list{{}};
     const Item first = takeAcrossLines(unit, list, x, capacity);
     return taken(first) ? takeAcrossLines(unit, list, y, capacity) : first;
 }
-
-}  // namespace
 
 Item readPair(int unit, double& x, double& y, std::size_t capacity) {
     PlainLine plain(unit, capacity);

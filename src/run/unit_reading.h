@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "run/byte_order.h"
@@ -61,15 +62,37 @@ void rewindUnit(int unit);
 /// Goes back to the start of the line read last.
 void backspaceUnit(int unit);
 
+/// Those of the reads below that need more than the buffer's bytes, or all of these.
+ReadResult readSplitBytes(OpenFile& file, void* out, std::size_t size);
+ReadResult skipBehindBuffer(OpenFile& file, std::int64_t count);
+std::string_view readRefilled(OpenFile& file, std::size_t most);
+
 /// Exactly `size` bytes into `out`.
-ReadResult readBytes(int unit, void* out, std::size_t size);
+inline ReadResult readBytes(int unit, void* out, std::size_t size) {
+    OpenFile& file = readableFile(unit);
+    if (file.end - file.begin < size) return readSplitBytes(file, out, size);
+    std::memcpy(out, file.buffer + file.begin, size);
+    file.begin += size;
+    return ReadResult::ok;
+}
 
 /// Passes over `count` bytes (not below 0); `end` when the file has fewer.
-ReadResult skipBytes(int unit, std::int64_t count);
+inline ReadResult skipBytes(int unit, std::int64_t count) {
+    OpenFile& file = readableFile(unit);
+    if (count > static_cast<std::int64_t>(file.end - file.begin))
+        return skipBehindBuffer(file, count);
+    file.begin += static_cast<std::size_t>(count);
+    return ReadResult::ok;
+}
 
 /// A view of the next bytes, at least 1 and at most `most` of them, which are then taken. Empty at
 /// the end of the file or at a failure; a further read shows which.
-std::string_view readSome(int unit, std::size_t most);
+inline std::string_view readSome(int unit, std::size_t most) {
+    OpenFile& file = readableFile(unit);
+    if (file.end - file.begin < most) return readRefilled(file, most);
+    file.begin += most;
+    return {file.buffer + file.begin - most, most};
+}
 
 /// One number in the byte order of the unit's mode.
 template <typename Number>
@@ -84,5 +107,7 @@ ReadResult readValue(int unit, Number& value) {
 /// what stands behind the second number is dropped. Each line counts by its first `capacity`
 /// characters. `Item::bad` also stands for a failed read.
 Item readPair(int unit, double& x, double& y, std::size_t capacity);
+/// The same, of any lines: readPair itself reads a line of two plain decimals and no more.
+Item readAnyPair(int unit, double& x, double& y, std::size_t capacity);
 
 }  // namespace vantelgis

@@ -89,7 +89,7 @@ template <typename Real>
 Item takeReal(FreeFormat& list, Real& target) {
     list.skipSeparator();
     if (list.next_ != list.end_) {
-        if (const char* end = takePlainDecimal(list.next_, list.end_, target)) {
+        if (const char* end = takePlainDecimal<endsItem>(list.next_, list.end_, target)) {
             list.next_ = end;
             list.separatorDue_ = true;
             return Item::value;

@@ -39,10 +39,10 @@ const char* gatherDigits(const char* p, End end, std::uint64_t& mantissa) {
 
 /// Reads "[-+]digits[.digits]" from `p`, which is in front of `end`, where the digits are an
 /// integer that Real holds exactly: one exact division then gives the nearest value. Returns the
-/// place behind it, or null, with `target` as it was, when something else stands there. `end` is as
-/// for gatherDigits.
-template <typename Real, typename End>
-const char* takeDecimal(const char* p, End end, Real& target) {
+/// place behind it, which is `end` or one that `Ends` is true of, or null, with `target` as it was,
+/// when something else stands there. `end` is as for gatherDigits.
+template <bool (*Ends)(char), typename Real, typename End>
+const char* takePlainDecimal(const char* p, End end, Real& target) {
     constexpr std::uint64_t kLargest = std::uint64_t{1} << std::numeric_limits<Real>::digits;
     constexpr std::ptrdiff_t kMostDigits = sizeof(kExactPowers<Real>) / sizeof(Real) - 1;
 
@@ -60,18 +60,9 @@ const char* takeDecimal(const char* p, End end, Real& target) {
         digits += decimals;
     }
     if (digits == 0 || digits > kMostDigits || mantissa > kLargest) return nullptr;
+    if (p != end && !Ends(*p)) return nullptr;
     const Real value = static_cast<Real>(mantissa) / kExactPowers<Real>[decimals];
     target = negative ? -value : value;
-    return p;
-}
-
-/// The same for a whole item of a free-format list.
-template <typename Real>
-const char* takePlainDecimal(const char* p, const char* end, Real& target) {
-    Real value;
-    p = takeDecimal(p, end, value);
-    if (p == nullptr || (p != end && !endsItem(*p))) return nullptr;
-    target = value;
     return p;
 }
 

@@ -4,7 +4,9 @@
 
 #include <functional>
 #include <limits>
+#include <random>
 #include <string>
+#include <vector>
 
 #include "support/in_process_run.h"
 
@@ -116,6 +118,44 @@ TEST(UnitReading, PairsGoOnToTheNextLine) {
         EXPECT_EQ(readPair(unit, x, y, 100), Item::bad);
         EXPECT_EQ(readPair(unit, x, y, 100), Item::end);
     });
+}
+
+// Lines of two numbers, plain ones and others.
+std::string linesOfPairs() {
+    constexpr std::string_view kPieces[] = {"1",  "-2.5", "+3.25", "123456.789012", "1e3", ".5",
+                                            "7.", "\t",   "x",     "1.2.3",         "/",   ",",
+                                            "",   "\r"};
+    constexpr std::string_view kGaps[] = {" ", "   ", "", ","};
+    constexpr std::string_view kEnds[] = {"\n", "\r\n", " \r\n", " x\n", " \r \n"};
+    std::mt19937_64 random(20240303);
+    const auto one = [&](const auto& of) { return std::string(of[random() % std::size(of)]); };
+    std::string lines;
+    while (lines.size() < 2 * kBufferSize)
+        lines += one(kGaps) + one(kPieces) + one(kGaps) + one(kPieces) + one(kEnds);
+    return lines;
+}
+
+// What that read routine makes of the lines, and at which line it goes on each time.
+std::vector<std::string> pairsIn(const std::string& lines,
+                                 Item (*read)(int, double&, double&, std::size_t)) {
+    std::vector<std::string> found;
+    withFile(lines, "I ", [&](int unit) {
+        while (!atEnd(unit)) {
+            double x = 77;
+            double y = 77;
+            const Item item = read(unit, x, y, 20);
+            found.push_back(std::to_string(static_cast<int>(item)) + ' ' + std::to_string(x) + ' ' +
+                            std::to_string(y) + " up to " + std::to_string(lineNumber(unit)));
+            backspaceUnit(unit);
+            found.back() += ' ' + nextLine(unit);
+        }
+    });
+    return found;
+}
+
+TEST(UnitReading, PlainPairsAreReadAsAnyOther) {
+    const std::string lines = linesOfPairs();
+    EXPECT_EQ(pairsIn(lines, readPair), pairsIn(lines, readAnyPair));
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <charconv>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
+#include <random>
 #include <string>
 
 #include "support/rows.h"
@@ -121,6 +123,36 @@ TEST(FreeFormat, Lists) {
     list.continueWith("  2 rest");
     EXPECT_EQ(nextNumber<double>(list, takeReal), "2");
     EXPECT_EQ(list.rest(), " rest");
+}
+
+// Digits, signs, points and what ends an item, in any order but mostly as in a number.
+std::string randomNumber(std::mt19937_64& random) {
+    constexpr std::string_view kAny = "0123456789.-+ ,/ex";
+    std::string text(random() % 4 == 0 ? "-" : "");
+    const std::uint64_t digits = 1 + random() % (random() % 8 == 0 ? 40 : 18);
+    for (std::uint64_t i = 0; i < digits; ++i) text += kAny[random() % 10];
+    if (random() % 4 != 0) text.insert(text.begin() + static_cast<long>(random() % digits), '.');
+    if (random() % 8 == 0) text[random() % text.size()] = kAny[random() % kAny.size()];
+    return text;
+}
+
+template <typename Real>
+std::string plainAndAnyDiffer(const std::string& text) {
+    FreeFormat plain(text);
+    FreeFormat any(text);
+    Real a = 77;
+    Real b = 77;
+    const bool same = takeReal(plain, a) == takeAnyReal(any, b) && plain.rest() == any.rest() &&
+                      std::memcmp(&a, &b, sizeof a) == 0;
+    return same ? std::string() : text;
+}
+
+TEST(FreeFormat, PlainDecimalsAreReadAsAnyOther) {
+    std::mt19937_64 random(20240302);
+    for (int i = 0; i < 200'000; ++i) {
+        const std::string text = randomNumber(random);
+        ASSERT_EQ(plainAndAnyDiffer<double>(text) + plainAndAnyDiffer<float>(text), "");
+    }
 }
 
 }  // namespace

@@ -94,8 +94,9 @@ bool beginsAWord(char c) {
 // of a region's centre included.
 bool matchKeyword(std::string_view line, std::size_t& c, GisObject& object) {
     const std::string_view text = line.substr(c);
+    const char first = toUpper(text.front());
     for (const Keyword& keyword : kKeywords) {
-        if (!beginsWith(text, keyword.word)) continue;
+        if (keyword.word.front() != first || !beginsWith(text, keyword.word)) continue;
         if (keyword.kind == ObjectKind::unknown)
             gisStop(
                 "ERROR 0303 - MIF \"Collection\" objects not supported.  Delete or disaggregate "
