@@ -48,8 +48,10 @@ void endLine(int unit) {
 }
 
 void putLine(int unit, std::string_view text) {
-    put(unit, withoutTrailingBlanks(text));
-    endLine(unit);
+    text = withoutTrailingBlanks(text);
+    OutputLine line{unit, std::min(text.size() + 2, kLargestReserve)};
+    line.text(text);
+    line.end();
 }
 
 void OutputLine::reopen(std::size_t size) {
