@@ -1,9 +1,9 @@
 #include "text/free_format.h"
 
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <random>
 #include <string>
 
@@ -143,7 +143,7 @@ std::string plainAndAnyDiffer(const std::string& text) {
     Real a = 77;
     Real b = 77;
     const bool same = takeReal(plain, a) == takeAnyReal(any, b) && plain.rest() == any.rest() &&
-                      std::memcmp(&a, &b, sizeof a) == 0;
+                      a == b && std::signbit(a) == std::signbit(b);
     return same ? std::string() : text;
 }
 

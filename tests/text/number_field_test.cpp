@@ -46,7 +46,7 @@ std::string generalField(double value, int width, int decimals) {
     const auto columns = static_cast<std::size_t>(width);
     const std::size_t digit = std::signbit(value) ? 1 : 0;
     if (field.size() == columns + 1 && field[digit] == '0' && decimals > 0) field.erase(digit, 1);
-    if (field.size() > columns) return std::string(columns, '*');
+    if (field.size() > columns) field.assign(columns, '*');
     return std::string(columns - field.size(), ' ') + field;
 }
 
