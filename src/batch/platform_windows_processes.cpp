@@ -3,6 +3,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <iterator>
 #include <thread>
 
 #include "batch/files.h"
@@ -177,9 +178,10 @@ int processorCount() {
 }
 
 std::string hostName() {
-    wchar_t name[MAX_COMPUTERNAME_LENGTH + 1];
-    DWORD size = MAX_COMPUTERNAME_LENGTH + 1;
-    return GetComputerNameW(name, &size) ? utf8Text(std::wstring(name, size)) : "";
+    wchar_t name[256];
+    DWORD size = static_cast<DWORD>(std::size(name));
+    const bool known = GetComputerNameExW(ComputerNameDnsHostname, name, &size) != 0;
+    return known ? utf8Text(std::wstring(name, size)) : "";
 }
 
 std::int64_t processNumber() {

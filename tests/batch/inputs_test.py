@@ -67,7 +67,7 @@ class Inputs(Bench):
     def test_what_is_refused(self):
         os.link(self.folder / "d/a.mif", self.folder / "d/twin.mif") if not WINDOWS else None
         self.write(mif(name="A"), "case")
-        self.write(mif(name="a"), "case")
+        self.write(shp(name="a"), "case")
         self.write(mif(name="a"), "other")
         self.write(archive(string3d("XS_1"), name="x") | archive(string3d("xs_2") + string3d("XS_1"), name="y"), "xs")
         cases = [
