@@ -105,6 +105,31 @@ class Running(unittest.TestCase):
         self.assertLess(time.monotonic() - started, 1.5)
         self.assertEqual((old.read_text(), scratch_folders()), ("old", []))
 
+    def test_layers_stay_when_the_copying_is_cancelled(self):
+        levelled = self.folder.with_suffix(".12da")
+        levelled.write_text('model "m"\nstring 3d {\n data {\n1 1 1\n2 2 2\n }\n}\n')
+        for algorithm, last, parameters in (
+                ("archivetolayers", "LINES", {"INPUT": str(levelled), "CRS": MGA55}),
+                ("breaklines3d", "DANGLES", {"INPUT": LINES, "POINTS": FAR,
+                                             "POINT_ELEVATION": "v"})):
+            for extension in ("shp", "gpkg"):
+                path = self.folder / f"{last}.{extension}"
+                paths = {last: str(path)}
+                run(algorithm, **parameters, **paths)
+                old = {file.name: file.read_bytes() for file in self.folder.iterdir()}
+                with self.assertRaisesRegex(QgsProcessingException, "Cancelled"):
+                    run(algorithm, Log(cancel_at="Converted:"), **parameters, **paths)
+                self.assertEqual({file.name: file.read_bytes() for file in self.folder.iterdir()},
+                                 old)
+                path.with_suffix(".qix").write_text("an index of the old layer")
+                log = Log()
+                result, _ = run(algorithm, log, **parameters, **paths)
+                self.assertEqual(result[last], str(path))
+                self.assertEqual({file.name for file in self.folder.iterdir()} - set(old),
+                                 set() if extension == "shp" else {f"{last}.qix"})
+                shutil.rmtree(self.folder)
+                self.folder.mkdir()
+
     def test_broken_programs(self):
         for script, words in (("#!/bin/sh\necho boom >&2\nexit 2\n", "status 2: boom"),
                               ("no program", "can't be started")):

@@ -5,6 +5,7 @@ from qgis.core import (QgsProcessing, QgsProcessingException, QgsProcessingMulti
 
 from .. import styles
 from ..layers import tables
+from ..layers.outputs import Outputs
 from ..layers.string_layers import StringLayers
 from ..programs import batch
 from ..programs.scratch import scratch_folder
@@ -42,21 +43,23 @@ class ArchiveToLayers(Algorithm):
             *(tables.number_field(name, 16, 3) for name in ("Z", "dZ", "Width")),
             *(tables.text_field(name, 20) for name in ("Options", "String_Type")))
         steps = QgsProcessingMultiStepFeedback(2, feedback)
-        results, sinks = {}, []
-        with scratch_folder() as folder:
-            layer = _convert(archive, folder, steps)
+        with scratch_folder() as folder, Outputs(self, parameters, context) as outputs:
+            layer, total = _convert(archive, folder, steps)
             steps.setCurrentStep(1)
-            for name, _, _, kind, looks in RESULTS:
-                sink, results[name] = self.parameterAsSink(parameters, name, context, fields, kind,
-                                                           system)
-                sinks.append(sink)
+            strings = StringLayers(fields, *(outputs.sink(name, fields, kind, system)
+                                             for name, _, _, kind, _ in RESULTS))
+            strings.read(layer, total, steps)
+            del strings  # it holds the layers open
+            results = outputs.put_in_place()
+        for name, *_, looks in RESULTS:
+            if name in results:
                 styles.show(context, results[name], looks)
-            StringLayers(fields, sinks[0], sinks[1]).read(layer, steps)
         return results
 
 
 def _convert(archive, folder, feedback):
-    """The layer that the converter makes of the archive: each line with its points behind it."""
+    """The layer that the converter makes of the archive, each line with its points behind it, and
+    about how many features it has: QGIS would read it all to count them."""
     with open(f"{folder}/Header.mif", "w", encoding="ascii") as file:
         file.write(NAMELESS)
     record = batch.convert([archive, "--output-folder", ".", "--", "-mif", "Header.mif"], folder,
@@ -65,4 +68,4 @@ def _convert(archive, folder, feedback):
     if not layer.isValid():
         raise QgsProcessingException(
             f"QGIS can't read the layer that was made: {layer.error().summary()}")
-    return layer
+    return layer, record["converted"] + record["vertices"]

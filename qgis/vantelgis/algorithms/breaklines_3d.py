@@ -7,6 +7,7 @@ from qgis.core import (QgsProcessing, QgsProcessingMultiStepFeedback,
 from .. import styles
 from ..layers import systems, tables
 from ..layers.check_layers import copy_check_layer
+from ..layers.outputs import Outputs
 from ..layers.points import write_points
 from ..layers.reading import Reader
 from ..layers.sources import LINES_OR_POLYGONS, POINTS_ONLY, check_field, source_of
@@ -73,23 +74,18 @@ class Breaklines3d(Algorithm):
         target = self.target_system(parameters, context, lines)
         output = self.parameterAsFileOutput(parameters, "OUTPUT", context)
         steps = QgsProcessingMultiStepFeedback(3, feedback)
-        results = {"OUTPUT": output}
-        with scratch_folder() as folder:
-            arguments = self._prepare(parameters, context, target, folder, steps)
+        with scratch_folder() as folder, Outputs(self, parameters, context) as outputs:
+            arguments, total = self._prepare(parameters, context, target, folder, steps)
             steps.setCurrentStep(2)
             record = batch.convert(
-                [*arguments, "--", "-zln", "-model", lines.sourceName()], folder, steps,
+                [*arguments, "--", "-zln", "-model", lines.sourceName()], folder, steps, total,
                 expected=() if "--pair" in arguments else (batch.FLAT,))
-            for name, _, _, kind, file in CHECKS:
-                sink, identifier = self.parameterAsSink(
-                    parameters, name, context, tables.fields_of(tables.number_field("Z")), kind,
-                    target)
-                if sink is not None:
-                    copy_check_layer(f"{folder}/{file}", sink, steps)
-                    styles.show(context, identifier, styles.WARNINGS, on_top=True)
-                    results[name] = identifier
+            _copy_checks(folder, outputs, target, steps)
             put_in_place(record["output"], output)
-        return results
+            results = outputs.put_in_place()
+        for identifier in results.values():
+            styles.show(context, identifier, styles.WARNINGS, on_top=True)
+        return {"OUTPUT": output, **results}
 
     def _sources(self, parameters, context):
         return (source_of(self, parameters, "INPUT", context, LINES_OR_POLYGONS),
@@ -100,20 +96,30 @@ class Breaklines3d(Algorithm):
         return check_field(parameter, source.sourceName(), source.fields(), name, numeric=True)
 
     def _prepare(self, parameters, context, target, folder, steps):
-        """Writes what the converter takes; returns the inputs of the batch program."""
+        """Writes what the converter takes; returns the inputs of the batch program, and how many
+        lines there are."""
         lines, points = self._sources(parameters, context)
-        _write_lines(f"{folder}/run_lines.shp", Reader("INPUT", lines, target, context, steps),
+        reader = Reader("INPUT", lines, target, context, steps)
+        _write_lines(f"{folder}/run_lines.shp", reader,
                      self._field(parameters, "ELEVATION", context, lines))
         # A file alone takes its own .prj, and the one that QGIS wrote may be of another form.
         for name in ("Header", "run_lines"):
             systems.write_system(f"{folder}/{name}.prj", target)
         if points is None:
-            return ["run_lines.shp"]
+            return ["run_lines.shp"], reader.taken
         steps.setCurrentStep(1)
         elevation = self._field(parameters, "POINT_ELEVATION", context, points)
         write_points(f"{folder}/run_points.shp", Reader("POINTS", points, target, context, steps),
                      [("ELEVATION", elevation)])
-        return ["--pair", "{stem}_points.shp={stem}_lines.shp", "run_points.shp"]
+        return (["--pair", "{stem}_points.shp={stem}_lines.shp", "run_points.shp"], reader.taken)
+
+
+def _copy_checks(folder, outputs, system, feedback):
+    fields = tables.fields_of(tables.number_field("Z"))
+    for name, _, _, kind, file in CHECKS:
+        sink = outputs.sink(name, fields, kind, system)
+        if sink is not None:
+            copy_check_layer(f"{folder}/{file}", sink, feedback)
 
 
 def _write_lines(path, reader, field):

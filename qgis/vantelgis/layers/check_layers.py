@@ -21,4 +21,5 @@ def copy_check_layer(path, sink, feedback):
             geometry.get().addZValue(elevation)
         copy.setGeometry(geometry)
         copy.setAttributes([elevation])
-        sink.addFeature(copy, QgsFeatureSink.Flag.FastInsert)
+        if not sink.addFeature(copy, QgsFeatureSink.Flag.FastInsert):
+            raise QgsProcessingException(f"A feature can't be written: {sink.lastError()}")

@@ -19,22 +19,24 @@ class StringLayers:
         self._feature = QgsFeature(fields)
         self._line, self._levels = None, []
 
-    def read(self, layer, feedback):
-        """Goes through the converter's layer."""
-        total = max(1, layer.featureCount())
+    def read(self, layer, total, feedback):
+        """Goes through the converter's layer, which has about `total` features."""
         for number, feature in enumerate(layer.getFeatures()):
             if feedback.isCanceled():
                 raise QgsProcessingException("Cancelled.")
             if number % PROGRESS_EVERY == 0:
-                feedback.setProgress(100 * number / total)
-            shape, level = feature.geometry().constGet(), feature[0]
+                feedback.setProgress(min(100, 100 * number / max(1, total)))
+            geometry = feature.geometry()
+            shape, level = geometry.constGet(), feature[0]
             if isinstance(shape, QgsLineString):
                 self._end_line()
                 self._line = (shape.clone(), feature.attributes())
             elif level != NO_LEVEL:
-                self._levels.append((shape.x(), shape.y(), level))
-                self._write(self._points, QgsPoint(shape.x(), shape.y(), level),
-                            feature.attributes())
+                vertex = (shape.x(), shape.y(), level)
+                self._levels.append(vertex)
+                # The feature itself, as a copy of its attributes would double the time.
+                feature.setGeometry(QgsPoint(*vertex))
+                self._write(self._points, feature)
         self._end_line()
 
     def _end_line(self):
@@ -45,9 +47,10 @@ class StringLayers:
             # The field of a line holds its level, or else a number that stands for none.
             if heights[0] != attributes[0]:
                 attributes[0] = None
-            self._write(self._lines, QgsLineString([point.x() for point in points],
-                                                   [point.y() for point in points], heights),
-                        attributes)
+            self._feature.setGeometry(QgsGeometry(QgsLineString(
+                [point.x() for point in points], [point.y() for point in points], heights)))
+            self._feature.setAttributes(attributes)
+            self._write(self._lines, self._feature)
         self._line = None
         self._levels.clear()
 
@@ -64,8 +67,9 @@ class StringLayers:
                 heights.append(NONE)
         return heights
 
-    def _write(self, sink, shape, attributes):
-        self._feature.setGeometry(QgsGeometry(shape))
-        self._feature.setAttributes(attributes)
-        if not sink.addFeature(self._feature, FAST):
-            raise QgsProcessingException(f"A feature can't be written: {sink.lastError()}")
+    @staticmethod
+    def _write(sink, feature):
+        if not sink.addFeature(feature, FAST):
+            raise QgsProcessingException(
+                f"A feature can't be written: {sink.lastError()}. A shapefile has no room for "
+                "vertices without elevation: choose a GeoPackage.")
