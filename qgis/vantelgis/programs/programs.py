@@ -18,7 +18,7 @@ INSIDE = os.path.join(os.path.dirname(os.path.dirname(__file__)), "bin",
 SUFFIX = ".exe" if os.name == "nt" else ""
 SETTING = "Settings > Options > Processing > Providers > vantelgis"
 TICK = 0.1   # seconds between two looks at the Cancel button
-GRACE = 0.6  # that a program has to take its scratch files away
+GRACE = 0.3  # that a program has to take its scratch files away
 
 
 def program(name):
@@ -65,9 +65,12 @@ class Run:
     def __init__(self, name, arguments, folder):
         alone = ({"creationflags": subprocess.CREATE_NO_WINDOW} if os.name == "nt"
                  else {"start_new_session": True})
+        # Scratch files of its own go with the folder, even when it has no time to remove them.
+        places = dict.fromkeys(("TMPDIR", "TMP", "TEMP"), os.path.abspath(folder))
         try:
             self._process = subprocess.Popen(  # pylint: disable=consider-using-with
-                [program(name), *arguments], cwd=folder, stdin=subprocess.DEVNULL,
+                [program(name), *arguments], cwd=folder, env={**os.environ, **places},
+                stdin=subprocess.DEVNULL,
                 stdout=subprocess.PIPE, stderr=subprocess.PIPE, **alone)
         except OSError as error:
             raise QgsProcessingException(f"{name} can't be started: {error}.") from error
