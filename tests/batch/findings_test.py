@@ -180,6 +180,10 @@ class Findings(Bench):
             self.assertEqual(done.verdicts["good.mif"], "ready")
             if look == "full":
                 self.assertIn("too-many-nodes", done.findings(0))
+        self.write(mif("Point 1 1\n" * 200_000, "1\n" * 200_000, "Z Float", name="levels") |
+                   mif(line * count, "1\n" * count, "Z Float", name="lines"))
+        done = self.batch("--check", "levels.mif", "--", "-zln", "lines.mif")
+        self.assertNotIn("nothing-to-convert", done.findings())
         records = '"{}"\n'.format("r" * 1998) * 9000
         self.write(mif(line * 9001, records + '"a\nb"\n', name="tail") |
                    mif(line * 9000, records, name="wide"))

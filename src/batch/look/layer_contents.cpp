@@ -24,7 +24,7 @@ namespace vantelgis::batch {
 namespace {
 
 constexpr std::int64_t kSampleObjects = 20'000;
-constexpr std::int64_t kSampleVertices = 200'000;
+constexpr std::int64_t kSampleNodes = 200'000;
 constexpr int kKinds = static_cast<int>(ObjectKind::multiPoint) + 1;
 
 constexpr std::string_view kKindNames[kKinds] = {
@@ -42,6 +42,7 @@ struct LayerWalk {
     AttributeCheck::Wish attribute = AttributeCheck::Wish::none;
     std::int64_t objects = 0;
     std::int64_t at = 0;  // the object that is being read, from 1
+    std::int64_t nodes = 0;
     std::array<std::int64_t, kKinds> passedOver{};
     bool sampled = false;
     bool cut = false;  // the sample ended before the layer did
@@ -87,8 +88,9 @@ void lookAtColumns(int layer, LayersLook& all, LayerWalk& walk) {
     }
 }
 
-void takeNodes(LayersLook& all, const LayerWalk& walk, const GisObject& object,
+void takeNodes(LayersLook& all, LayerWalk& walk, const GisObject& object,
                const ObjectNodes& nodes) {
+    walk.nodes += nodes.n;
     all.coordinates.add(walk.objects, nodes.xs(), nodes.ys());
     all.look.drawing.add(Shown::converted, nodes.xs(), nodes.ys());
     const bool isPoint = object.kind == ObjectKind::point;
@@ -104,8 +106,7 @@ bool goesOn(const LayersLook& all, LayerWalk& walk) {
         return false;
     }
     walk.cut =
-        walk.sampled && (walk.objects >= kSampleObjects ||
-                         all.look.expected.vertices + all.look.expected.points >= kSampleVertices);
+        walk.sampled && (walk.objects >= kSampleObjects || walk.nodes >= kSampleNodes);
     return !walk.cut;
 }
 
@@ -173,7 +174,9 @@ void tellPassedOver(const LayersLook& all, const LayerWalk& walk) {
         kinds.append(kinds.empty() ? "" : ", ").append(counted(count, kKindNames[kind]));
     }
     const bool pointsOfPair = walk.wantPoints && all.plan.secondHasLines;
-    const bool nothing = walk.objects == total && !walk.stopped && !pointsOfPair;
+    // Behind a sample of a MIF layer objects of other kinds may stand; a shapefile has one kind.
+    const bool known = !walk.cut || inputKindOf(walk.file) == InputKind::shp;
+    const bool nothing = walk.objects == total && known && !walk.stopped && !pointsOfPair;
     const std::string_view wanted = walk.wantLines ? "lines or polylines" : "points";
     if (nothing)
         all.look.find(Find::nothingToConvert,
