@@ -55,6 +55,16 @@ void expectObjects(const std::vector<std::pair<std::string, std::string>>& rows,
         EXPECT_EQ(objectsOf(text, nullKeyword, hexFloats), objects) << text;
 }
 
+TEST(Scanner, CountsAThousandCharactersOfALine) {
+    const std::string body = "\ndata {\n1 2 3\n}\n", head = "string 2d {";
+    const auto withWordUpTo = [&](std::size_t column) {
+        return objectsOf(head + std::string(column - head.size() - 2, ' ') + "3d" + body, false,
+                         false);
+    };
+    EXPECT_EQ(withWordUpTo(1000), "2d,23,: 1 2 3\n");
+    EXPECT_EQ(withWordUpTo(1001), "2d,2,: 1 2 -99999\n");
+}
+
 TEST(Scanner, TakesStringsByTheirWords) {
     expectObjects({
         {"string 2d {\nname \"XS 1\"\nz 12.5\ndata {\n1 2\n3 4\n}\n}\n",
