@@ -1,11 +1,14 @@
+#include <climits>
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "driver/program.h"
+#include "gis/dbf/reader.h"
 #include "gis/layer_table.h"
 #include "gis/layers.h"
+#include "gis/mif/reader.h"
 #include "gis/operations.h"
 #include "gis/shp/writer.h"
 #include "run/messages.h"
@@ -163,6 +166,41 @@ TEST(ACallThatCannotBeMet, StopsWithItsMessage) {
         memory::callInMemory(row.call);
         EXPECT_TRUE(holds(system.console, row.message));
     }
+}
+
+// Whatever number a caller gives for a layer, nothing outside the table is touched.
+TEST(ALayerThatIsNotOpen, StopsEachOperation) {
+    GisObject object;
+    ObjectNodes nodes(2);
+    OutputNodes written;
+    const std::pair<std::string_view, std::function<void(int)>> rows[] = {
+        {"gisReadHeader", [](int id) { gisReadHeader(id); }},
+        {"gisGotoBeginningOfData", [](int id) { gisGotoBeginningOfData(id); }},
+        {"gisObjectType", [&](int id) { gisObjectType(id, object); }},
+        {"gisReadRecord", [&](int id) { gisReadRecord(id, object); }},
+        {"gisReadObject", [&](int id) { gisReadObject(id, object, nodes); }},
+        {"gisAtEnd", [](int id) { gisAtEnd(id); }},
+        {"gisWriteObject", [&](int id) { gisWriteObject(id, object, written, {}); }},
+        {"gisWritePoint", [&](int id) { gisWritePoint(id, written, 0, {}); }},
+        {"gisCloseLayer", [](int id) { gisCloseLayer(id); }},
+    };
+    for (const auto& [name, call] : rows) {
+        for (const int id : {INT_MIN, -1, 0, 1, kMaxLayers + 1, INT_MAX}) {
+            const bool goesOn = id < 1 && name == "gisCloseLayer";
+            EXPECT_TRUE(holds(
+                consoleOf({}, [&] { call(id); }),
+                goesOn ? "SOFTWARE CHECK - Trying to close a GIS Layer" : "Should not be here "))
+                << name << id;
+        }
+    }
+    EXPECT_EQ(consoleOf({},
+                        [] {
+                            GisLayer layer;
+                            gisMifReadHeader(layer.mif);
+                            gisMifSkipToData(0);
+                            dbfReadHeader(layer.dbf[0]);
+                        }),
+              "");
 }
 
 }  // namespace

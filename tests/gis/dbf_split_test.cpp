@@ -31,6 +31,8 @@ TEST(DbfSplit, FollowsTheRulesOfAList) {
               "a*2 2**b 5 -> |a*2|*b|*b", "12 3.4*5 c -> |12|3.4*5|c");
     RecordItems split;
     EXPECT_FALSE(dbfSplitRecord("0*a", 1, split));
+    EXPECT_TRUE(dbfSplitRecord("12*a,b", 13, split));
+    EXPECT_EQ(joined(split, 13), "|a|a|a|a|a|a|a|a|a|a|a|a|b");
     EXPECT_TRUE(
         dbfSplitRecord("'" + std::string(300, 'x') + "'" + std::string(300, 'y'), 2, split));
     EXPECT_EQ(joined(split, 2), "|" + std::string(256, 'x') + "|" + std::string(256, 'y'));

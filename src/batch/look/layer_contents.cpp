@@ -105,8 +105,7 @@ bool goesOn(const LayersLook& all, LayerWalk& walk) {
         all.look.interrupted = true;
         return false;
     }
-    walk.cut =
-        walk.sampled && (walk.objects >= kSampleObjects || walk.nodes >= kSampleNodes);
+    walk.cut = walk.sampled && (walk.objects >= kSampleObjects || walk.nodes >= kSampleNodes);
     return !walk.cut;
 }
 
