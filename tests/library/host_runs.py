@@ -3,9 +3,9 @@
 RULE = "_" * 80 + "\n"
 OPENED = " Trying to open file levels.txt...OK. Opened File Unit:"
 TYPED = "one\ntwo\nthree\n"  # at its standard input
-# What streams.cpp shows: what was printed first comes first.
-STREAMS = f"before|{RULE}between|{RULE}behind|{RULE}end\n"
 CLOSE = "\nPress Enter to Close\n"
+# What streams.cpp shows: what was printed first comes first.
+STREAMS = f"before|{RULE}between|{RULE}behind|{RULE}end\n{CLOSE}{RULE}"
 # What the host shows at each run, and the files that it leaves.
 HOST_RUNS = {
     "print": (f"before|{RULE}between|{RULE}behind\n" " Trying to open file theirs...OK.  File Unit:  10\n",
