@@ -134,7 +134,7 @@ class Verdicts(Bench):
                   "flat": ("lines without a snapped point", 1),
                   "sections": ("lines with a number of asterisks", 1)}
         for options, folders in expected.items():
-            done = self.batch("-q", "-r", *folders, "--", *options.split())
+            done = self.batch("-q", "-r", "--anyway", *folders, "--", *options.split())
             verdicts = {name.split("/")[0]: verdict for name, verdict in done.verdicts.items()}
             self.assertEqual(verdicts, folders, done.out)
             for run in done.runs:

@@ -1,5 +1,7 @@
 #include "batch/look/attributes.h"
 
+#include <cstdio>
+
 #include "batch/files.h"
 #include "batch/utf8.h"
 #include "text/free_format.h"
@@ -15,6 +17,19 @@ std::string_view wishedFor(AttributeCheck::Wish wish) {
     constexpr std::string_view kNames[] = {"attribute", "name", "elevation", "value",
                                            "value or angle"};
     return kNames[static_cast<std::size_t>(wish)];
+}
+
+// Numbers between these have room in the columns of the result.
+struct Range {
+    float least;
+    float most;
+};
+constexpr Range kElevations = {-1e6F, 1e7F};
+constexpr Range kValues = {-1e4F, 1e5F};
+constexpr Range kAngles = {-99.995F, 999.995F};
+
+bool isWithin(const Range& range, float number) {
+    return number > range.least && number < range.most;
 }
 
 std::string withArticle(std::string_view name) {
@@ -49,6 +64,8 @@ void AttributeCheck::addNumbers(std::int64_t object, std::string_view record) {
         const Item item = takeReal(list, number);
         if (item == Item::unchanged) ++kept_;
         if (item == Item::end && firstBlank_ == 0) firstBlank_ = object;
+        const Range& range = wish_ == Wish::elevation ? kElevations : i == 0 ? kValues : kAngles;
+        if (item == Item::value && !isWithin(range, number)) addLongNumber(object, number);
         if (taken(item)) continue;
         if (item == Item::bad) {
             if (notNumbers_++ == 0) {
@@ -60,12 +77,24 @@ void AttributeCheck::addNumbers(std::int64_t object, std::string_view record) {
     }
 }
 
+void AttributeCheck::addLongNumber(std::int64_t object, float number) {
+    if (longNumbers_++ > 0) return;
+    firstLongNumber_ = object;
+    longNumber_ = number;
+}
+
 void AttributeCheck::tell(Look& look) const {
     const std::string name(wishedFor(wish_));
     if (firstBlank_ > 0) look.find(Find::blankRecord, {grouped(firstBlank_), withArticle(name)});
     if (notNumbers_ > 0) {
         look.find(Find::notANumber, {counted(notNumbers_, "object"), withArticle(name),
                                      grouped(firstNotNumber_), notNumber_});
+    }
+    if (longNumbers_ > 0) {
+        char text[32];
+        std::snprintf(text, sizeof text, "%.10g", static_cast<double>(longNumber_));
+        look.find(Find::longNumber, {counted(longNumbers_, "object"), withArticle(name),
+                                     grouped(firstLongNumber_), text});
     }
     const bool becomesZero = wish_ == Wish::value || wish_ == Wish::valueAndAngle;
     if (kept_ > 0)

@@ -26,6 +26,7 @@ class AttributeCheck {
   private:
     void addName(std::int64_t object, std::string_view record);
     void addNumbers(std::int64_t object, std::string_view record);
+    void addLongNumber(std::int64_t object, float number);
 
     Wish wish_;
     std::int64_t kept_ = 0;
@@ -35,6 +36,9 @@ class AttributeCheck {
     std::int64_t firstNotNumber_ = 0;
     std::int64_t firstBlank_ = 0;
     std::string notNumber_;
+    std::int64_t longNumbers_ = 0;
+    std::int64_t firstLongNumber_ = 0;
+    float longNumber_ = 0;
 };
 
 }  // namespace vantelgis::batch

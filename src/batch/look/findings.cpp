@@ -97,6 +97,9 @@ constexpr FindingRow kRows[] = {
     {Find::outsideColumns, "outside-columns", Level::error,
      "The coordinate {} of object {} is too long for the columns of the result.",
      "Correct the coordinate, or look whether the layer is in the right units."},
+    {Find::longNumber, "long-number", Level::error,
+     "{} with {} that is too long for its columns in the result; the first is object {} with {}.",
+     "Correct the numbers, or leave out objects that have none."},
 
     {Find::notANumber, "not-a-number", Level::error,
      "{} without a number where {} should be; the first is object {} with {}.",

@@ -49,6 +49,7 @@ enum class Find {
     degrees,
     outsideColumns,
     // the attributes
+    longNumber,
     notANumber,
     blankRecord,
     keptValue,
