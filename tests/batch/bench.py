@@ -119,7 +119,8 @@ class Bench(unittest.TestCase):
     def command(self, *arguments, program=PROGRAM):
         report = self.folder.parent / "report.json"
         report.unlink(missing_ok=True)
-        return [*BATCH, "--program", program, "--report", str(report), *map(str, arguments)], report
+        programs = ["--program", program] if program else []
+        return [*BATCH, *programs, "--report", str(report), *map(str, arguments)], report
 
     def batch(self, *arguments, program=PROGRAM, text=None, cwd=None, env=None):
         command, report = self.command(*arguments, program=program)

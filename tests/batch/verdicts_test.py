@@ -107,6 +107,15 @@ class Verdicts(Bench):
         done = self.batch("l.mif", "--anyway")
         self.assertEqual((done.verdicts["l.mif"], done.status), ("suspicious", 0))
 
+        self.write(archive(string3d("a") + string3d("a", data="7 8 9\n7 9 9\n")) |
+                   {"Header.mif": "CoordSys NonEarth"})
+        done = self.batch("l.12da", "--anyway", "--", "-xs", "-mif")
+        self.assertIn("a.csv", done.runs[0]["reason"])
+        # Told as it is, though nothing else of the console is as it should be.
+        self.write({"l.12da": b"null -\xe999\nmodx \"m\"\n"})
+        done = self.batch("l.12da", "--", "-mif")
+        self.assertIn("finding start of data", done.runs[0]["reason"])
+
     def test_results_of_the_converter(self):
         header = {"Header.mif": "CoordSys NonEarth Units \"m\"\n"}
         zln = {"fields": "Z Float", "head": 'CoordSys NonEarth Units "m"\n'}
@@ -147,6 +156,16 @@ class Verdicts(Bench):
             subprocess.run([PROGRAM, "l.mif"], cwd=by_hand, stdin=subprocess.DEVNULL,
                            stdout=subprocess.DEVNULL, check=True)
             self.assertEqual(self.text("byhand/l.12da"), self.text("plain/l.12da"))
+
+    def test_packages(self):
+        self.write(archive(string3d(data="1 2 3\n")), "one-vertex")
+        self.write({"l.12da": archive(string3d())["l.12da"].encode("utf-16")}, "utf-16")
+        self.write(archive(string3d(kind="text")), "texts")
+        self.write(archive(string3d(data="1 x 3\n")), "no-number")
+        done = self.batch("--to", "gpkg", "-r", ".", program=None)
+        self.assertEqual({name.split("/")[0]: verdict for name, verdict in done.verdicts.items()},
+                         {"one-vertex": "well", "utf-16": "well", "texts": "suspicious",
+                          "no-number": "not run"}, done.out)
 
     def test_own_projection(self):
         own = 'CoordSys Earth Projection 8, 33, "m", 147, 0, 0.9996, 500000, 10000000\n'

@@ -117,6 +117,7 @@ ConsoleText readConsole(const std::string& file) {
 ConsoleText readPackageConsole(const std::string& file) {
     constexpr std::string_view kFailure = "vantelgis-gpkg: ";
     constexpr std::string_view kWarning = "warning: ";
+    constexpr std::string_view kCounts = ".gpkg: ";  // of strings, and behind a comma of points
     InputFile input(file);
     ConsoleText text;
     std::string_view line;
@@ -128,8 +129,10 @@ ConsoleText readPackageConsole(const std::string& file) {
             ++text.warningCount;
             if (text.warnings.size() < kMostWarnings) text.warnings.emplace_back(line);
         }
-        if (line.find(".gpkg: ") != std::string_view::npos)
-            text.converted = numberBehind(line, ".gpkg: ");
+        if (const std::size_t at = line.rfind(kCounts); at != std::string_view::npos) {
+            text.converted = numberBehind(line.substr(at), kCounts);
+            text.shownPoints = std::max<std::int64_t>(0, numberBehind(line.substr(at), ", "));
+        }
         if (!line.empty()) text.lastLine = line;
     }
     text.finished = text.converted >= 0;

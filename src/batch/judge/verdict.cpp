@@ -100,6 +100,7 @@ void readResults(Case& run) {
     if (conversion == Conversion::sections) return readSections(run);
     if (conversion == Conversion::geoPackage) {
         run.facts.strings = run.console.converted;
+        run.facts.points = run.console.shownPoints;
         const bool there =
             statusOf(resultInScratch(run.outcome, run.scratch, run.plan.result)).size > 0;
         if (!there) run.facts.fault = "it left no package";
@@ -146,6 +147,9 @@ std::string difference(const Case& run) {
 bool failedByConsole(Case& run, std::int64_t timeout) {
     const ProcessEnd& end = run.outcome.end;
     const ConsoleText& console = run.console;
+    const auto badStart =
+        std::find_if(console.warnings.begin(), console.warnings.end(),
+                     [](const std::string& line) { return line.starts_with(kBadStart); });
     if (!run.outcome.failure.empty()) {
         fail(run.record, run.outcome.failure, "");
     } else if (end.timedOut) {
@@ -156,17 +160,15 @@ bool failedByConsole(Case& run, std::int64_t timeout) {
             run.record,
             "The converter was ended by signal " + std::to_string(end.status - kSignalStatus) + ".",
             "Run it again; if it happens again, send the input to support.");
+    } else if (badStart != console.warnings.end()) {
+        fail(run.record, *badStart, helpForMessage(*badStart).cure + ".");
     } else if (!console.finished || end.status != 0) {
         const std::string& line = console.error.empty() ? console.lastLine : console.error;
         const MessageHelp help = helpForMessage(line);
         fail(run.record, line.empty() ? "The converter said nothing." : readable(line),
              help.cure.empty() ? "" : help.cure + ".");
     } else {
-        const auto bad =
-            std::find_if(console.warnings.begin(), console.warnings.end(),
-                         [](const std::string& line) { return line.starts_with(kBadStart); });
-        if (bad == console.warnings.end()) return false;
-        fail(run.record, *bad, helpForMessage(*bad).cure + ".");
+        return false;
     }
     return true;
 }
@@ -199,7 +201,7 @@ std::string doubt(const Case& run, std::string& cure) {
     }
     const auto found = std::find_if(
         run.look.findings.begin(), run.look.findings.end(), [](const Finding& finding) {
-            return finding.level == Level::warning || rowNamed(finding.name).doubt == Doubt::yes;
+            return finding.level != Level::note || rowNamed(finding.name).doubt == Doubt::yes;
         });
     if (found != run.look.findings.end()) {
         cure = found->cure;

@@ -168,6 +168,12 @@ void lookAtArchive(const RunPlan& plan, const LookWish& wish, Look& look) {
     all.sampled = !wish.full && file.size() > kWholeSize && !isSections(all);
     const std::string_view mark = file.bytesAt(0, 2);
     const bool utf16 = mark == "\xFE\xFF" || mark == "\xFF\xFE";
+    if (utf16 && plan.conversion == Conversion::geoPackage) {
+        look.whole = false;
+        look.leftOut("strings of " + std::string(namePart(plan.input)) +
+                     ", which is written in UTF-16");
+        return;
+    }
     if (!utf16 && !hasModelLine(file, all.sampled)) return look.find(Find::noModel);
     const bool wantHip = std::any_of(plan.arguments.begin(), plan.arguments.end(), isHipOption);
     const ReaderStop stop = guarded([&] { readArchive(all, wantHip); });
