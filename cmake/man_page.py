@@ -27,7 +27,7 @@ def inline(text):
     """Code and bold words in bold, links as their text."""
     text = re.sub(r"!?\[([^\]]*)\]\([^)]*\)", r"\1", text)
     parts = re.split(r"(`[^`]+`|\*\*[^*]+\*\*)", text)
-    marked = "".join(f"\\fB{escaped(part.strip('`*')).removeprefix(chr(92) + '&')}\\fR"
+    marked = "".join(f"\\fB{escaped(part.strip('`' if part[0] == '`' else '*')).removeprefix(chr(92) + '&')}\\fR"
                      if index % 2 else escaped(part).removeprefix("\\&" if index else "")
                      for index, part in enumerate(parts))
     return "\\&" + marked if marked[:1] in (".", "'") else marked
@@ -51,7 +51,7 @@ def block(lines):
     """One paragraph, list, table or indented block."""
     first = lines[0]
     if first.startswith("    "):
-        yield from (".PP", ".RS", ".nf", *(escaped(line[4:]) for line in lines), ".fi", ".RE")
+        yield from (".PP", ".RS 4", ".nf", *(escaped(line[4:]) for line in lines), ".fi", ".RE")
     elif first.startswith("|"):
         yield from table(lines)
     elif first.startswith("- "):
@@ -93,8 +93,19 @@ def guide(folder, version):
     yield from (".SH SEE ALSO", ".BR vantelgis\\-batch (1)")
 
 
+def help_items(lines):
+    """Pairs of a term and what is said of it; nothing where a line is no such pair."""
+    items = []
+    for line in lines:
+        if items and len(line) - len(line.lstrip()) > 10:  # goes on with the one before
+            items[-1][-1] += " " + line.strip()
+        else:
+            items.append(re.split(r"  +", line.strip(), maxsplit=1))
+    return items if all(len(item) == 2 for item in items) else []
+
+
 def help_block(lines):
-    """A paragraph, or indented lines as they stand with perhaps a heading before them."""
+    """A paragraph; or indented lines, as a list or as they stand, with perhaps a heading before."""
     indented = [line for line in lines if line.startswith(" ")]
     if not indented:
         yield from (".PP", *map(escaped, lines))
@@ -102,7 +113,11 @@ def help_block(lines):
     first = lines[0].rstrip(":")
     if not first.startswith(" "):
         yield f'.SH "{escaped(first).upper()}"'
-    yield from (".PP", ".nf", *map(escaped, indented), ".fi")
+    items = help_items(indented)
+    for term, words in items:
+        yield from (".TP", f"\\fB{escaped(term)}\\fR", escaped(words))
+    if not items:
+        yield from (".PP", ".nf", *(escaped(line.strip()) for line in indented), ".fi")
 
 
 def program_help(program, option, about, version):

@@ -113,8 +113,7 @@ int startBatch(Options& options, const std::vector<std::string>& arguments) {
     std::vector<std::string> forWorkers{"--worker"};
     forWorkers.insert(forWorkers.end(), arguments.begin() + 1, arguments.end());
     const Crew all{options, forWorkers, inputs.items, own};
-    SharedOutputs outputs(all);
-    if (!outputs.takeAll()) return refuse(outputs.refusal());
+    if (SharedOutputs outputs(all); !outputs.takeAll()) return refuse(outputs.refusal());
     takeShard(options.shard, options.shards, inputs.items);
     if (options.dryRun) return printCommands(all);
     if (!options.logFolder.empty() && !makeFolders(options.logFolder))

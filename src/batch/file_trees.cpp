@@ -1,6 +1,17 @@
+#include <algorithm>
+
 #include "batch/files.h"
 
 namespace vantelgis::batch {
+
+bool listFolder(const std::string& folder, std::vector<FolderEntry>& entries) {
+    entries.clear();
+    const bool listed =
+        visitFolder(folder, [&](FolderEntry&& entry) { entries.push_back(std::move(entry)); });
+    std::sort(entries.begin(), entries.end(),
+              [](const FolderEntry& a, const FolderEntry& b) { return a.name < b.name; });
+    return listed;
+}
 
 bool makeFolders(const std::string& path) {
     if (statusOf(path).isFolder()) return true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,7 +37,9 @@ struct FolderEntry {
     bool isFolder = false;  ///< itself, not through a link
     bool isLink = false;
 };
-/// The entries of a folder in the order of their bytes, without "." and "..".
+/// Gives each entry of a folder but "." and ".." to `take`, in no order.
+bool visitFolder(const std::string& folder, const std::function<void(FolderEntry&&)>& take);
+/// All of them in the order of their bytes.
 bool listFolder(const std::string& folder, std::vector<FolderEntry>& entries);
 
 /// One folder; its parent must be there. It is no failure that it exists.
@@ -55,6 +58,8 @@ bool linkSecondName(const std::string& file, const std::string& name);
 /// A name under which a file can be read: a symbolic link; on Windows a hard link, or a copy where
 /// that can't be.
 bool linkForReading(const std::string& file, const std::string& name);
+/// Is `name` a symbolic link that says `file`, word for word?
+bool isLinkTo(const std::string& name, const std::string& file);
 /// Gives `file` the permissions of `model`.
 bool copyPermissions(const std::string& model, const std::string& file);
 

@@ -18,10 +18,11 @@ Converts many files: looks at each before the run, runs the converter on several
 what came out, and says for each file what to do.
 
 Examples:
-  vantelgis-batch survey/*.mif                       2D breaklines, beside each layer
-  vantelgis-batch --check -r survey                  only look, subfolders as well
-  vantelgis-batch --pair '{stem}_points.shp={stem}_lines.shp' survey -- -zln
-  vantelgis-batch --report all.html --output-folder gis *.12da -- -mif survey/Header.mif
+  vantelgis-batch survey/*.mif              2D breaklines of each layer
+  vantelgis-batch --check -r survey         only look, subfolders as well
+  vantelgis-batch --report all.html survey  and a page that shows them all
+  vantelgis-batch --pair '{stem}_p.shp={stem}_l.shp' survey -- -zln
+  vantelgis-batch --output-folder gis *.12da -- -mif survey/Header.mif
 
 INPUT is a file, a folder, a wildcard, @LIST (a file of names) or - (names on standard input).
 )";

@@ -83,8 +83,7 @@ std::string behindLinks(const std::string& path) {
     return target.empty() ? path : target;
 }
 
-bool listFolder(const std::string& folder, std::vector<FolderEntry>& entries) {
-    entries.clear();
+bool visitFolder(const std::string& folder, const std::function<void(FolderEntry&&)>& take) {
     DIR* const opened = opendir(folder.c_str());
     if (opened == nullptr) return false;
     while (const dirent* const entry = readdir(opened)) {
@@ -92,11 +91,9 @@ bool listFolder(const std::string& folder, std::vector<FolderEntry>& entries) {
         if (name == "." || name == "..") continue;
         FolderEntry found{std::string(name), entry->d_type == DT_DIR, entry->d_type == DT_LNK};
         if (entry->d_type == DT_UNKNOWN) found.isFolder = isFolderItself(inFolder(folder, name));
-        entries.push_back(std::move(found));
+        take(std::move(found));
     }
     closedir(opened);
-    std::sort(entries.begin(), entries.end(),
-              [](const FolderEntry& a, const FolderEntry& b) { return a.name < b.name; });
     return true;
 }
 
@@ -126,6 +123,13 @@ bool linkSecondName(const std::string& file, const std::string& name) {
 
 bool linkForReading(const std::string& file, const std::string& name) {
     return symlink(file.c_str(), name.c_str()) == 0;
+}
+
+bool isLinkTo(const std::string& name, const std::string& file) {
+    std::string said(file.size() + 1, '\0');
+    const ssize_t length = readlink(name.c_str(), said.data(), said.size());
+    said.resize(static_cast<std::size_t>(length > 0 ? length : 0));
+    return said == file;
 }
 
 bool copyPermissions(const std::string& model, const std::string& file) {

@@ -78,8 +78,7 @@ std::string behindLinks(const std::string& path) {
     return name;
 }
 
-bool listFolder(const std::string& folder, std::vector<FolderEntry>& entries) {
-    entries.clear();
+bool visitFolder(const std::string& folder, const std::function<void(FolderEntry&&)>& take) {
     WIN32_FIND_DATAW found;
     const HANDLE search = FindFirstFileW(systemName(inFolder(folder, "*")).c_str(), &found);
     if (search == INVALID_HANDLE_VALUE) return false;
@@ -88,11 +87,9 @@ bool listFolder(const std::string& folder, std::vector<FolderEntry>& entries) {
         if (name == "." || name == "..") continue;
         const DWORD attributes = found.dwFileAttributes;
         const bool link = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-        entries.push_back({name, !link && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0, link});
+        take({name, !link && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0, link});
     } while (FindNextFileW(search, &found));
     FindClose(search);
-    std::sort(entries.begin(), entries.end(),
-              [](const FolderEntry& a, const FolderEntry& b) { return a.name < b.name; });
     return true;
 }
 
@@ -121,6 +118,10 @@ bool linkSecondName(const std::string& file, const std::string& name) {
 bool linkForReading(const std::string& file, const std::string& name) {
     return linkSecondName(file, name) ||
            CopyFileW(systemName(file).c_str(), systemName(name).c_str(), TRUE) != 0;
+}
+
+bool isLinkTo(const std::string& /*name*/, const std::string& /*file*/) {
+    return false;  // none is made here
 }
 
 bool copyPermissions(const std::string& /*model*/, const std::string& /*file*/) {

@@ -73,7 +73,7 @@ class Ends(Bench):
     def test_a_worker_that_dies_takes_only_its_input_with_it(self):
         if WINDOWS:
             return
-        self.layer([WELL[0], "write started x", "sleep 5000"])
+        self.layer([WELL[0], "write started x", "sleep 30000"])
         self.layer(WELL, "m")
         child = self.start("-j", "1", "l.mif", "m.mif")
         self.wait_for(lambda: any(name.endswith("run/started") for name in self.names()))

@@ -72,46 +72,55 @@ class Tells(Bench):
         if WINDOWS:
             return
         import pty  # pylint: disable=import-outside-toplevel
+        self.write(mif(head="do wait ../../../go\n", name="slow"))
         for colour in ("", "1"):
+            (self.folder / "go").unlink(missing_ok=True)
             master, slave = pty.openpty()
             env = os.environ | {"COLUMNS": "40", "NO_COLOR": colour}
-            child = subprocess.Popen([*BATCH, "--program", STAND_IN, "slow.mif", *self.all],
-                                     cwd=self.folder, stderr=slave, stdout=slave, env=env)
-            self.write(mif(head="do sleep 700\n", name="slow"))
+            child = subprocess.Popen([*BATCH, "--program", STAND_IN, "--timeout", "60", "slow.mif",
+                                      *self.all], cwd=self.folder, stderr=slave, stdout=slave, env=env)
             text = b""
             os.close(slave)
             try:
                 while chunk := os.read(master, 65536):
                     text += chunk
+                    if re.search(rb"3 of 4.* left", text):
+                        self.write({"go": ""})
             except OSError:
                 pass
             child.wait()
             os.close(master)
             shown = text.decode()
-            self.assertRegex(shown, r"\r\x1b\[K\d of 4.* left")
+            self.assertRegex(shown, r"\r\x1b\[K3 of 4.* left")
             if colour:  # then nothing but the text counts
                 lines = re.split(r"\r\x1b\[K|\r\n", shown)
-                self.assertLessEqual(max(len(line) for line in lines if " left" in line), 79)
+                self.assertLessEqual(max(len(line) for line in lines if " left" in line), 39)
             self.assertEqual("\x1b[31m" in shown, not colour)
 
     def test_events_for_programs(self):
         self.write(mif(head="".join(f"do {line}\n" for line in
                                     ["write slow.12da " + "x" * 5000, "print Polyline 7 with",
-                                     "sleep 1200"]), name="slow"))
-        done = self.batch("--progress", "json", "-q", "slow.mif", *self.all, program=STAND_IN)
-        events = [json.loads(line) for line in done.err.splitlines()]
+                                     "wait ../../../go"]), name="slow"))
+        command, report = self.command("--progress", "json", "-q", "--timeout", "60", "slow.mif",
+                                       *self.all, program=STAND_IN)
+        events, told = [], []
+        with subprocess.Popen(command, cwd=self.folder, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.PIPE) as child:
+            for line in child.stderr:  # the run goes on until two events have told of it
+                events.append(json.loads(line))
+                told += [event for event in events[-1:] if event["event"] == "progress"
+                         and (event.get("bytes"), event.get("count")) == (5000, 7)]
+                if len(told) == 2:
+                    self.write({"go": ""})
+        self.assertEqual([(event["input"], event["stage"]) for event in told[:2]],
+                         [("slow.mif", "run")] * 2)
         self.assertEqual((events[0]["event"], events[0]["schema"], events[0]["version"]),
                          ("start", "vantelgis-batch-progress", 1))
         self.assertEqual((events[-1]["event"], events[-1]["not run"]), ("end", 1))
         begun = [event["input"] for event in events if event["event"] == "begun"]
         verdicts = {event["input"]: event["record"] for event in events if event["event"] == "verdict"}
         self.assertEqual((sorted(begun), sorted(verdicts)), (sorted(["slow.mif", *self.all]),) * 2)
-        self.assertEqual(verdicts["slow.mif"], done.runs[0])
-        progress = [event for event in events if event["event"] == "progress"
-                    and event["input"] == "slow.mif"]
-        self.assertGreaterEqual(len(progress), 2)
-        self.assertEqual((progress[-1]["bytes"], progress[-1]["count"], progress[-1]["stage"]),
-                         (5000, 7, "run"))
+        self.assertEqual(verdicts["slow.mif"], json.loads(report.read_text("utf-8"))["runs"][0])
 
     def test_reports(self):
         done = self.batch("-q", *self.all, "--report", "r.csv", "--report", "r.html")

@@ -78,16 +78,22 @@ class Collector {
     }
 
     void takeFolder(const std::string& folder, std::uint32_t root) {
-        std::vector<FolderEntry> entries;
-        if (!listFolder(folder, entries)) return add(folder, {}, root);
+        std::vector<FolderEntry> entries;  // a list of all would be much larger
+        const auto takeWanted = [&](FolderEntry&& entry) {
+            const bool goes = entry.isFolder ? options_.recursive && entry.name.front() != '.' &&
+                                                   !excluded(entry.name)
+                                             : wanted(entry.name);
+            if (goes) entries.push_back(std::move(entry));
+        };
+        if (!visitFolder(folder, takeWanted)) return add(folder, {}, root);
+        std::sort(entries.begin(), entries.end(),
+                  [](const FolderEntry& a, const FolderEntry& b) { return a.name < b.name; });
         for (const FolderEntry& entry : entries) {
             const std::string name = inFolder(folder, entry.name);
-            if (entry.isFolder) {
-                if (options_.recursive && entry.name.front() != '.' && !excluded(entry.name))
-                    takeFolder(name, root);
-            } else if (wanted(entry.name)) {
+            if (entry.isFolder)
+                takeFolder(name, root);
+            else
                 add(name, {}, root);
-            }
         }
     }
 

@@ -1,6 +1,7 @@
 #include "batch/look/sisters.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 #include "batch/converter_arguments.h"
@@ -16,21 +17,45 @@ bool comesBefore(std::string_view a, std::string_view b) {
                                         [](char c, char d) { return toLower(c) < toLower(d); });
 }
 
-// The names in the folder that was asked about last, in an order that ignores case: inputs come
-// folder by folder, and a folder may hold a hundred thousand of them.
-const std::vector<std::string>& namesIn(const std::string& folder) {
-    static std::string listed;
-    static std::vector<std::string> names;
-    if (listed == folder) return names;
-    listed = folder;
-    names.clear();
-    std::vector<FolderEntry> entries;
-    listFolder(folder, entries);
-    for (FolderEntry& entry : entries) {
-        if (!entry.isFolder) names.push_back(std::move(entry.name));
+// The names of a folder's files. They lie in one text, each with a zero byte behind it: a folder
+// may hold a hundred thousand of them.
+class FileNames {
+  public:
+    explicit FileNames(const std::string& folder) {
+        visitFolder(folder, [&](const FolderEntry& entry) {
+            if (entry.isFolder) return;
+            starts_.push_back(text_.size());
+            text_.append(entry.name).append(1, '\0');
+        });
+        std::sort(starts_.begin(), starts_.end(),
+                  [&](std::size_t a, std::size_t b) { return comesBefore(nameAt(a), nameAt(b)); });
     }
-    std::sort(names.begin(), names.end(), comesBefore);
-    return names;
+
+    // All that differ from `name` in the case of letters alone.
+    [[nodiscard]] std::vector<std::string_view> like(std::string_view name) const {
+        std::vector<std::string_view> found;
+        auto start = std::lower_bound(
+            starts_.begin(), starts_.end(), name,
+            [&](std::size_t a, std::string_view b) { return comesBefore(nameAt(a), b); });
+        for (; start != starts_.end() && !comesBefore(name, nameAt(*start)); ++start)
+            found.push_back(nameAt(*start));
+        return found;
+    }
+
+  private:
+    [[nodiscard]] std::string_view nameAt(std::size_t start) const { return text_.data() + start; }
+
+    std::string text_;
+    std::vector<std::size_t> starts_;  // in an order that ignores case
+};
+
+// Of the folder that was asked about last: inputs come folder by folder.
+const FileNames& namesIn(const std::string& folder) {
+    static std::string listed;
+    static std::optional<FileNames> names;
+    if (!names || listed != folder) names.emplace(folder);
+    listed = folder;
+    return *names;
 }
 
 }  // namespace
@@ -48,11 +73,9 @@ std::span<const std::string_view> extensionsOfSet(std::string_view name) {
 Sister findInFolder(const std::string& folder, std::string_view name) {
     const std::string exact = inFolder(folder, name);
     if (statusOf(exact).isFile()) return {exact, false};
-    const auto& names = namesIn(folder);
-    const auto [first, last] = std::equal_range(names.begin(), names.end(), name, comesBefore);
     std::vector<std::string> found;
-    for (auto match = first; match != last; ++match) {
-        if (std::string file = inFolder(folder, *match); statusOf(file).isFile())
+    for (const std::string_view match : namesIn(folder).like(name)) {
+        if (std::string file = inFolder(folder, match); statusOf(file).isFile())
             found.push_back(std::move(file));
     }
     if (found.size() == 1) return {found.front(), false};

@@ -39,12 +39,21 @@ void findResults(const Scratch& scratch, const Look& look, const std::string& fo
 }
 
 bool prepare(const RunPlan& plan, const Look& look, Scratch& scratch) {
-    if (!scratch.emptyRunFolder()) return false;
     const std::string run = scratch.runFolder();
+    // The run before may have had the same Header.
+    const auto isThere = [&](const FileLink& link) {
+        return isLinkTo(inFolder(run, link.name), link.file);
+    };
+    const auto isKept = [&](const std::string& name) {
+        return std::any_of(look.links.begin(), look.links.end(), [&](const FileLink& link) {
+            return link.name == name && isThere(link);
+        });
+    };
+    if (!scratch.emptyRunFolder(isKept)) return false;
     if (plan.link2.starts_with("2/") && !makeFolder(inFolder(run, kSecondFolder))) return false;
     const auto made = [&](const std::string& folder) { return makeFolders(inFolder(run, folder)); };
     const auto linked = [&](const FileLink& link) {
-        return linkForReading(link.file, inFolder(run, link.name));
+        return isThere(link) || linkForReading(link.file, inFolder(run, link.name));
     };
     const auto written = [&](const auto& own) {
         return writeWholeFile(inFolder(run, own.first), own.second);

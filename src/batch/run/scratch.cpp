@@ -104,11 +104,12 @@ bool Scratch::openHere(const std::string& target, std::vector<std::string>& note
     return false;
 }
 
-bool Scratch::emptyRunFolder() {
+bool Scratch::emptyRunFolder(const std::function<bool(const std::string&)>& isKept) {
     std::vector<FolderEntry> entries;
     if (!listFolder(runFolder(), entries)) return false;
     bool emptied = true;
     for (const FolderEntry& entry : entries) {
+        if (entry.isLink && isKept(entry.name)) continue;
         const std::string name = inFolder(runFolder(), entry.name);
         const bool gone = entry.isFolder ? removeTree(name)
                           : entry.isLink ? putAside(name)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,9 +29,10 @@ class Scratch {
 
     [[nodiscard]] const std::string& target() const { return target_; }
     [[nodiscard]] const std::string& folder() const { return folder_; }
-    /// The folder of the run, empty at its start.
+    /// The folder of the run.
     [[nodiscard]] std::string runFolder() const { return inFolder(folder_, "run"); }
-    bool emptyRunFolder();
+    /// Takes out what the run before left in it, but for links for which `isKept` is true.
+    bool emptyRunFolder(const std::function<bool(const std::string& name)>& isKept);
 
     /// What the run writes to the console, from the start of the run on.
     [[nodiscard]] vantelgis::platform::FileHandle console() const { return console_; }
