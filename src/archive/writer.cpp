@@ -9,8 +9,9 @@ namespace {
 constexpr std::string_view kBlockEnd = "  }\r\n";
 constexpr std::string_view kStringEnd = "  }\r\n}\r\n\r\n";
 
-void addSize(OutputLine& line, const D12Symbol& symbol) {
-    line.fixed<10, 4>(static_cast<double>(symbol.size));
+template <std::size_t Size>
+constexpr std::string_view textOf(const char (&field)[Size]) {
+    return {field, Size};
 }
 
 }  // namespace
@@ -86,13 +87,13 @@ void d12BeginLocations(int unit) {
     put(unit, "  // xy location of symbol\r\n  data_3d {\r\n");
 }
 
-void d12AddLocation(OutputLine& line, const D12Symbol& symbol) {
+void d12AddLocation(OutputLine& line, double x, double y, const D12SymbolText& symbol) {
     line.text("    ");
-    line.fixed<20, 4>(symbol.x);
+    line.fixed<20, 4>(x);
     line.text(" ");
-    line.fixed<20, 4>(symbol.y);
+    line.fixed<20, 4>(y);
     line.text(" ");
-    addSize(line, symbol);
+    line.text(textOf(symbol.size));
     line.end();
 }
 
@@ -100,16 +101,21 @@ void d12BeginSymbols(int unit) {
     put(unit, "  symbol_data{\r\n");
 }
 
+D12SymbolText::D12SymbolText(float sizeValue, float angleValue) {
+    fixedField<sizeof size, 4>(size, static_cast<double>(sizeValue));
+    fixedField<sizeof angle, 2>(angle, static_cast<double>(angleValue));
+}
+
 // The style has one quote too many at the front, as its readers are used to.
-void d12AddSymbol(OutputLine& line, const D12Symbol& symbol) {
+void d12AddSymbol(OutputLine& line, const D12SymbolText& symbol) {
     line.text(
         "    properties {\r\n"
         "      style     \"\"ARROW 30 BEARING\"\r\n"
         "      colour    red\r\n"
         "      size    ");
-    addSize(line, symbol);
+    line.text(textOf(symbol.size));
     line.text("\r\n      rotation ");
-    line.fixed<6, 2>(static_cast<double>(symbol.angle));
+    line.text(textOf(symbol.angle));
     line.text(
         "\r\n"
         "      offset    0\r\n"

@@ -52,19 +52,19 @@ inline void d12AddElevation(OutputLine& line, float z) {
 void d12EndString(int unit);
 void d12EndString(OutputLine& line);
 
-/// A result at a place: an arrow of this size that points, in degrees, in that direction.
-struct D12Symbol {
-    double x = 0;
-    double y = 0;
-    float size = 0;
-    float angle = 0;
+/// The numbers of a result's symbol, an arrow, as both blocks below show them: its size, and the
+/// direction, in degrees, in which it points.
+struct D12SymbolText {
+    D12SymbolText(float size, float angle);
+    char size[10];
+    char angle[6];
 };
 
 /// The blocks of a result: first all locations, then, for vectors, all symbols in the same order.
 void d12BeginLocations(int unit);
-void d12AddLocation(OutputLine& line, const D12Symbol& symbol);
+void d12AddLocation(OutputLine& line, double x, double y, const D12SymbolText& symbol);
 void d12BeginSymbols(int unit);
-void d12AddSymbol(OutputLine& line, const D12Symbol& symbol);
+void d12AddSymbol(OutputLine& line, const D12SymbolText& symbol);
 void d12EndBlock(int unit);
 
 }  // namespace vantelgis

@@ -22,11 +22,20 @@ namespace vantelgis {
 
 namespace {
 
+struct Result {
+    double x;
+    double y;
+    float size;
+    float angle;
+};
+
+// A vector of either would be copied as it grows.
 struct Results {
     int archive = 0;
     int layer = 0;
     bool vectorData = false;
-    std::deque<D12Symbol> symbols;  // a vector would be copied as it grows
+    std::deque<Result> points;
+    std::deque<D12SymbolText> symbols;  // of those whose location is written
 };
 
 // A type such as Char(254) or Decimal(10,3) has a number behind its first parenthesis.
@@ -68,10 +77,10 @@ bool hasAngles(const Fields& fields) {
     return true;
 }
 
-void readValues(std::string_view record, bool withAngle, D12Symbol& symbol) {
+void readValues(std::string_view record, bool withAngle, Result& result) {
     FreeFormat list{record};
-    requireValue(takeReal(list, symbol.size));
-    if (withAngle) requireValue(takeReal(list, symbol.angle));
+    requireValue(takeReal(list, result.size));
+    if (withAngle) requireValue(takeReal(list, result.angle));
 }
 
 void readPoints(Results& run) {
@@ -80,22 +89,34 @@ void readPoints(Results& run) {
     std::string_view record;
     while (nextObject(run.layer, object, record, 2)) {
         if (object.kind != ObjectKind::point) continue;
-        if (run.symbols.size() == kMaxResultPoints) {
+        if (run.points.size() == kMaxResultPoints) {
             stopWith("", Joined<100>("ERROR - Exceeded maximum number of points, please contact ",
                                      SUPPORT_ADDRESS));
         }
         gisReadObject(run.layer, object, nodes);
-        D12Symbol symbol{nodes.x[0], nodes.y[0], 0, 0};
-        readValues(record, run.vectorData, symbol);
-        addRow(run.symbols, symbol);
+        Result result{nodes.x[0], nodes.y[0], 0, 0};
+        readValues(record, run.vectorData, result);
+        addRow(run.points, result);
     }
 }
 
-void writeBlock(const Results& run, void (*begin)(int),
-                void (*add)(OutputLine&, const D12Symbol&)) {
-    begin(run.archive);
+// A point makes room for its symbol: the table of those grows as that of these becomes empty.
+void writeLocations(Results& run) {
+    d12BeginLocations(run.archive);
     OutputLine line{run.archive, kLinesRoom};
-    for (const D12Symbol& symbol : run.symbols) add(line, symbol);
+    for (; !run.points.empty(); run.points.pop_front()) {
+        const Result& point = run.points.front();
+        const D12SymbolText symbol{point.size, point.angle};
+        d12AddLocation(line, point.x, point.y, symbol);
+        if (run.vectorData) addRow(run.symbols, symbol);
+    }
+    d12EndBlock(run.archive);
+}
+
+void writeSymbols(const Results& run) {
+    d12BeginSymbols(run.archive);
+    OutputLine line{run.archive, kLinesRoom};
+    for (const D12SymbolText& symbol : run.symbols) d12AddSymbol(line, symbol);
     d12EndBlock(run.archive);
 }
 
@@ -114,14 +135,14 @@ void convertResults(const RunSettings& settings) {
     consoleLine("\nSearching for Points...\n");
     readPoints(run);
     gisCloseLayer(run.layer);
-    consoleLine("\nNumber of points read from gis file: ", run.symbols.size());
+    consoleLine("\nNumber of points read from gis file: ", run.points.size());
 
     consoleLine("\nWriting coordinate data to .12da file...");
-    writeBlock(run, d12BeginLocations, d12AddLocation);
+    writeLocations(run);
     consoleLine("   Done.");
     if (run.vectorData) {
         consoleLine("\nWriting symbol data for vector dataset to .12da file...");
-        writeBlock(run, d12BeginSymbols, d12AddSymbol);
+        writeSymbols(run);
         consoleLine("   Done.");
     }
     closeUnit(run.archive);

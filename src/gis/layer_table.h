@@ -17,9 +17,12 @@ inline constexpr int kFamilies = 3;  ///< shape families of a layer: points, lin
 
 /// The MapInfo Interchange side of a layer.
 struct mifL_ {
-    std::string_view rest;  ///< behind the keyword found last; gone with the next read of its unit
-    int mifUnit = 0;        ///< 0 when closed
-    int midUnit = 0;        ///< 0 when closed
+    std::string_view rest;   ///< behind the keyword found last; gone with the next read of its unit
+    bool pointRead = false;  ///< that line was of a point and held these coordinates alone:
+    double pointX = 0;
+    double pointY = 0;
+    int mifUnit = 0;              ///< 0 when closed
+    int midUnit = 0;              ///< 0 when closed
     std::string_view objectName;  ///< of the object written last, for a message
     int nAttr = 0;                ///< attribute fields in the tables below
     Text<32> attrName[kMaxMifFields];

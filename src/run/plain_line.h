@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <iterator>
 #include <string_view>
 
@@ -24,6 +25,11 @@ class PlainLine {
         file_.buffer[file_.end] = '\0';  // ends all that is looked for
     }
 
+    /// What follows, behind blanks. Behind a character that is no letter nothing may stand.
+    const char* text() {
+        skipBlanks();
+        return p_;
+    }
     /// A number behind blanks; `target` stays as it was if there is none.
     template <typename Real>
     bool number(Real& target) {
@@ -33,11 +39,11 @@ class PlainLine {
         if (behind != nullptr) p_ = behind;
         return behind != nullptr;
     }
-    /// A word behind blanks, in any case.
+    /// A word behind blanks, in any case; nothing is looked for behind another one.
     bool word(std::string_view wanted) {
         skipBlanks();
-        if (!beginsWith({p_, sizeLeft()}, wanted)) return false;
-        p_ += wanted.size();
+        for (const char c : wanted)
+            if (toLower(*p_++) != toLower(c)) return false;
         return endsItem(*p_);
     }
     /// True if the line ends here, but for blanks; it is then the one read last.
@@ -47,6 +53,13 @@ class PlainLine {
         if (*p_ == '\r') ++p_;
         if (!fits || *p_ != '\n' || sizeLeft() < 2) return false;
         takeLine(file_, static_cast<std::size_t>(p_ + 1 - file_.buffer));
+        return true;
+    }
+    /// The line is read whatever it holds; false if its end is not in the buffer.
+    bool passOver() {
+        const auto* const lineEnd = static_cast<const char*>(std::memchr(p_, '\n', sizeLeft()));
+        if (lineEnd == nullptr) return false;
+        takeLine(file_, static_cast<std::size_t>(lineEnd + 1 - file_.buffer));
         return true;
     }
 

@@ -65,7 +65,8 @@ class OutputLine {
     /// Text, or bytes, as they stand.
     void text(std::string_view s) {
         if (roomLeft() < s.size()) return longText(s);
-        out_ = std::copy(s.begin(), s.end(), out_);  // also fine with no text at all
+        if (!s.empty()) std::memcpy(out_, s.data(), s.size());
+        out_ += s.size();
     }
     /// A number field, see fixedField; `width` is at most kMaxFieldWidth.
     void fixed(double value, int width, int decimals) {

@@ -1,6 +1,9 @@
+#include <iterator>
+#include <random>
 #include <string>
 
 #include "support/layer_text.h"
+#include "support/random_inputs.h"
 #include "support/rows.h"
 
 namespace vantelgis {
@@ -75,6 +78,46 @@ TEST(MifReader, PassesOverWhatIsNotFetched) {
         "Columns 1\nA Char(3)\nData\nPline Multiple 2\n2\n0 0\n1 1\n2\n5 5\n6 6\nPlines\nPointed";
     EXPECT_EQ(mifText(mif, 0), "plines 2: |1\npline 1: |2\npoint 1: |3\n");
     EXPECT_TRUE(mifText(mif, 1).starts_with("plines 2: 0 0, 1 1,; |1\npline 1:ERROR 0308"));
+}
+
+// Lines that begin with a tab are none of the common kinds, but mean the same.
+TEST(MifReader, CommonLinesAreReadAsAnyOther) {
+    constexpr std::string_view kLines[] = {"Point 1.5 -2",
+                                           "  POINT 3 4  ",
+                                           "point 5,6",
+                                           "Point7 8",
+                                           "Point 9 10 11",
+                                           "Point 12",
+                                           "Point 1e1 2",
+                                           "Point x 1",
+                                           "Pointed 1 2",
+                                           "Po",
+                                           "P",
+                                           "Pen (1,2,0)",
+                                           "",
+                                           "  ",
+                                           "Symbol (35,0,12)",
+                                           "\"Point 1 2\"",
+                                           "5 6",
+                                           "Center 1 2",
+                                           "Pe\xff",
+                                           "Line 1 2 3 4",
+                                           "None",
+                                           "Rect 5 6 7 8",
+                                           "Ro",
+                                           "Text",
+                                           "Collection 1"};
+    std::mt19937_64 random(20240304);
+    for (int i = randomInputs(2000); i > 0; --i) {
+        std::string common, tabbed;
+        for (int n = 0; n < 8; ++n) {
+            std::string line(kLines[random() % std::size(kLines)]);
+            line += random() % 2 == 0 ? "\n" : "\r\n";
+            common += line;
+            tabbed += '\t' + line;
+        }
+        ASSERT_EQ(objects(common), objects(tabbed)) << common;
+    }
 }
 
 TEST(MifReader, ReadsHeaders) {

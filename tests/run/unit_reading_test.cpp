@@ -5,10 +5,14 @@
 #include <functional>
 #include <limits>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "run/plain_line.h"
 #include "support/in_process_run.h"
+#include "support/random_inputs.h"
+#include "support/rows.h"
 
 namespace vantelgis {
 namespace {
@@ -121,13 +125,13 @@ TEST(UnitReading, PairsGoOnToTheNextLine) {
 }
 
 // Lines of two numbers, plain ones and others.
-std::string linesOfPairs() {
+std::string linesOfPairs(int seed) {
     constexpr std::string_view kPieces[] = {"1",  "-2.5", "+3.25", "123456.789012", "1e3", ".5",
                                             "7.", "\t",   "x",     "1.2.3",         "/",   ",",
                                             "",   "\r"};
     constexpr std::string_view kGaps[] = {" ", "   ", "", ","};
     constexpr std::string_view kEnds[] = {"\n", "\r\n", " \r\n", " x\n", " \r \n"};
-    std::mt19937_64 random(20240303);
+    std::mt19937_64 random(seed);
     const auto one = [&](const auto& of) { return std::string(of[random() % std::size(of)]); };
     std::string lines;
     while (lines.size() < 2 * kBufferSize)
@@ -154,8 +158,57 @@ std::vector<std::string> pairsIn(const std::string& lines,
 }
 
 TEST(UnitReading, PlainPairsAreReadAsAnyOther) {
-    const std::string lines = linesOfPairs();
-    EXPECT_EQ(pairsIn(lines, readPair), pairsIn(lines, readAnyPair));
+    for (int seed = randomInputs(1); seed > 0; --seed) {
+        const std::string lines = linesOfPairs(seed);
+        ASSERT_EQ(pairsIn(lines, readPair), pairsIn(lines, readAnyPair));
+    }
+}
+
+// What a plain line of two numbers and a third, or `null`, holds, and the line that is read behind
+// it; of any other line that line itself.
+std::string vertexAndNext(std::string_view bytes) {
+    constexpr std::size_t kCapacity = 24;
+    std::ostringstream found;
+    found.precision(17);
+    withFile(bytes, "I ", [&](int unit) {
+        EXPECT_FALSE(atEnd(unit));  // fills the buffer
+        PlainLine line(unit, kCapacity);
+        double x = 0, y = 0, z = 77;
+        if (line.number(x) && line.number(y) && (line.number(z) || line.word("null")) && line.end())
+            found << x << ' ' << y << ' ' << z << ", " << lineNumber(unit) << ' ';
+        found << nextLine(unit);
+    });
+    return found.str();
+}
+
+TEST(UnitReading, PlainLines) {
+    checkRows(vertexAndNext, "1 -2.5 +3.\nn -> 1 -2.5 3, 1 n",
+              " 1  .2 Null \r\n\n -> 1 0.20000000000000001 77, 1 ", "1 2 3 null\nn -> 1 2 3 null",
+              "1 2 nul\nn -> 1 2 nul", "1 2 nulls\nn -> 1 2 nulls", "1 2 3e4\nn -> 1 2 3e4",
+              "1 2 -\nn -> 1 2 -", "1 2 .\nn -> 1 2 .", "1 2\n3\n -> 1 2",
+              "1 2 3\r4\nn -> 1 2 3\r4", "1 2,3\nn -> 1 2,3", "\t1 2 3\nn -> \t1 2 3",
+              "1 2 3 -> 1 2 3", "1 2 3\n -> 1 2 3",
+              "1 2 9007199254740992\nn -> 1 2 9007199254740992, 1 n",
+              "1 2 9007199254740993\nn -> 1 2 9007199254740993",
+              "1 2 .0000000000000000001\nn -> 1 2 .0000000000000000001",
+              "1 2 000000000000000003\nn -> 1 2 3, 1 n",
+              "1 2 0000000000000000003\nn -> 1 2 0000000000000000003",
+              "1 2 3                   \nn -> 1 2 3, 1 n",
+              "1 2 3                    \nn -> 1 2 3                    ");
+}
+
+// The border of the buffer falls on every place of a line of two numbers.
+TEST(UnitReading, PairsAtTheBorderOfTheBuffer) {
+    for (std::size_t before = kBufferSize - 12; before < kBufferSize; ++before) {
+        withFile(std::string(before, ' ') + "12.5 -3\r\nnext", "I ", [&](int unit) {
+            EXPECT_FALSE(atEnd(unit));  // fills the buffer
+            EXPECT_EQ(skipBytes(unit, static_cast<std::int64_t>(before)), ReadResult::ok);
+            double x = 0, y = 0;
+            EXPECT_EQ(readPair(unit, x, y, 100), Item::value);
+            EXPECT_EQ(std::to_string(x) + ' ' + std::to_string(y) + nextLine(unit),
+                      "12.500000 -3.000000next");
+        });
+    }
 }
 
 }  // namespace

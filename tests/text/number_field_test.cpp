@@ -7,6 +7,7 @@
 #include <random>
 #include <string>
 
+#include "support/random_inputs.h"
 #include "support/rows.h"
 #include "text/constant_field.h"
 
@@ -53,7 +54,7 @@ std::string generalField(double value, int width, int decimals) {
 TEST(FixedField, EqualsTheGeneralAlgorithm) {
     std::mt19937_64 random(20240229);  // the same values in every run
     int faults = 0;
-    for (int i = 0; i < 300'000 && faults < 10; ++i) {
+    for (int i = 0, n = randomInputs(300'000); i < n && faults < 10; ++i) {
         const std::uint64_t bits = random();
         const int decimals = static_cast<int>(random() % 20);
         const int places = 1 + i % 12;
@@ -115,7 +116,7 @@ bool knownWidthsEqualAny(double value) {
 TEST(FixedField, KnownWidthsEqualAnyWidth) {
     std::mt19937_64 random(20240301);
     int faults = 0;
-    for (int i = 0; i < 100'000 && faults < 10; ++i) {
+    for (int i = 0, n = randomInputs(100'000); i < n && faults < 10; ++i) {
         const std::uint64_t bits = random();
         const double scale = std::pow(10.0, i % 9);
         const double tie = std::ldexp(static_cast<double>(bits >> 37), -(i % 28));

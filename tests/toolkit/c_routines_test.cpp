@@ -13,6 +13,7 @@
 
 #include "support/fresh_start.h"
 #include "support/in_process_run.h"
+#include "support/random_inputs.h"
 #include "toolkit/c/vantelgis.h"
 #include "toolkit/geometry.h"
 #include "toolkit/lines.h"
@@ -157,17 +158,11 @@ void compareOnce(Result (*capital)(Parameters...), OfC ofC, int pair) {
         << "pair " << pair;
 }
 
-// How often each: more than a daily run has time for if the environment says so.
-int times() {
-    const char* const wanted = std::getenv("VANTELGIS_RANDOM_INPUTS");
-    return wanted != nullptr ? std::atoi(wanted) : 500;
-}
-
 // Takes the routines in pairs.
 void compare(int /*pair*/) {}
 template <typename Capital, typename OfC, typename... More>
 void compare(int pair, Capital capital, OfC ofC, More... more) {
-    for (int n = times(); n > 0 && !testing::Test::HasFailure(); --n)
+    for (int n = randomInputs(500); n > 0 && !testing::Test::HasFailure(); --n)
         compareOnce(capital, ofC, pair);
     compare(pair + 1, more...);
 }
