@@ -64,6 +64,7 @@ TEST(Writers, WriteWhatReadersFind) {
     EXPECT_EQ(layerText(shp, "a_P.shp"),
               "points 2: 1 3,; 2 4,; |      -1\nnone 1: 2 4,; |       x\npoint 1: 9 8,; |       8\n"
               "point 1: 1 4,; |       t\n");
+    EXPECT_TRUE(holds(shp.at("a_P.shx"), big(50) + big(20 + 8 * 2) + big(90) + big(2)));
     EXPECT_EQ(layerText(shp, "a_l.shp"),
               parts + "       7\nnone 1: 2 7, 2 6, 1 5,; |       x\npline 1:; |       9\n" +
                   "pline 1: 1 3, 2 4,; |       0\npline 1: 1 2,; |       1\n");

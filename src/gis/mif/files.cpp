@@ -1,6 +1,5 @@
 #include "gis/mif/files.h"
 
-#include "gis/report.h"
 #include "run/opener.h"
 #include "run/unit_writing.h"
 #include "text/paths.h"
@@ -29,11 +28,14 @@ void gisMifOpen(std::string_view name, std::string_view mode, mifL_& layer) {
     openFileOfPair(layer.midUnit, stem, ".mid", mode);
 }
 
+MessageLine midWriteFailure(const mifL_& layer) {
+    return MessageLine("ERROR 0254 - Failed to write attribute data record for a ",
+                       layer.objectName, " object in GIS layer.");
+}
+
 void gisMifClose(mifL_& layer) {
-    gisCloseFile(layer.mifUnit, "ERROR 0439 - Writing .mif file object coordinates.");
-    gisCloseFile(layer.midUnit,
-                 MessageLine("ERROR 0254 - Failed to write attribute data record for a ",
-                             layer.objectName, " object in GIS layer."));
+    gisCloseFile(layer.mifUnit, kMifWriteFailure);
+    gisCloseFile(layer.midUnit, midWriteFailure(layer));
 }
 
 }  // namespace vantelgis

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "gis/mif/files.h"
 #include "gis/report.h"
 #include "run/unit_writing.h"
 
@@ -22,7 +23,7 @@ constexpr std::size_t kNodeWidth = 2 * kFieldWidth;
 constexpr std::size_t kNodeLineRoom = kNodeWidth + 16;
 
 void checkWritten(int mifUnit) {
-    if (writeFailed(mifUnit)) gisStop("ERROR 0439 - Writing .mif file object coordinates.");
+    if (writeFailed(mifUnit)) gisStop(kMifWriteFailure);
 }
 
 template <int Decimals = kCoordinateDecimals>
@@ -115,9 +116,7 @@ void writeText(int unit, const OutputNodes& nodes, std::string_view row) {
 void writeRecord(mifL_& layer, std::string_view objectName, std::string_view row) {
     layer.objectName = objectName;
     putLine(layer.midUnit, row);
-    if (!writeFailed(layer.midUnit)) return;
-    gisStop("ERROR 0254 - Failed to write attribute data record for a ", objectName,
-            " object in GIS layer.");
+    if (writeFailed(layer.midUnit)) gisStop(midWriteFailure(layer));
 }
 
 }  // namespace
