@@ -13,7 +13,8 @@ struct BreaklinePoint {
     double x = 0;
     double y = 0;
     float z = 0;
-    /// The next higher point in the same bucket of the search, or, below kNoPoint, a tree of all.
+    /// The next higher point in the same bucket of the search, or, below kNoPoint, a tree of all
+    /// that are higher.
     std::int32_t next = kNoPoint;
 };
 

@@ -7,7 +7,7 @@
 
 namespace vantelgis {
 
-/// The name of such a layer: `linesFile` without its extension, `ending` ("_dangles"), and the
+/// The name of a check layer: `linesFile` without its extension, `ending` ("_dangles"), and the
 /// extension of `formatOf`, which gives its format.
 Path checkLayerName(std::string_view linesFile, std::string_view ending, std::string_view formatOf);
 

@@ -5,7 +5,7 @@
 
 namespace vantelgis {
 
-/// What the command line tells of a run.
+/// What the command line says of a run.
 struct RunSettings {
     Path inputFile1;      ///< File 1, the first positional argument
     Path inputFile2;      ///< File 2, blank if there is none

@@ -18,7 +18,7 @@ namespace vantelgis {
 
 namespace {
 
-Path besideFile1(const RunSettings& run, std::string_view name) {
+Path inFolderOfFile1(const RunSettings& run, std::string_view name) {
     return joinedPath(folderOf(run.inputFile1), name);
 }
 
@@ -28,8 +28,8 @@ Path withExtensionPrj(std::string_view file) {
     return result;
 }
 
-// Reads on to the first line that holds `word`; false at the end of the file.
-// The word counts wherever it stands; a text of several lines gives its first one alone.
+// Reads on to the first line that holds `word`, wherever in it; false at the end of the file. A
+// projection of several lines gives its first one alone.
 bool findLine(int unit, std::string_view word, TextRef found) {
     std::string_view line;
     ReadResult result;
@@ -74,8 +74,8 @@ void searchMifProjection(const RunSettings& run) {
     if (run.hasFile2()) return readMifProjection(run.inputFile2);
 
     const bool fromFile1 = run.wantZln && hasExtension(run.inputFile1, ".mif");
-    Path file = fromFile1 ? run.inputFile1 : besideFile1(run, "Header.mif");
-    if (!platform::inputExists(file)) file = besideFile1(run, "Projection.mif");
+    Path file = fromFile1 ? run.inputFile1 : inFolderOfFile1(run, "Header.mif");
+    if (!platform::inputExists(file)) file = inFolderOfFile1(run, "Projection.mif");
     if (!platform::inputExists(file)) return useNonEarthCoordinates();
     readMifProjection(file);
 }
@@ -94,10 +94,10 @@ bool holdsProjection(std::string_view file) {
     return found;
 }
 
-// A shapefile beside a File 2: the first of the likely files that has a projection, or none.
+// A shapefile and a File 2: the first of the likely files that has a projection, or none.
 void takeFirstShpProjection(const RunSettings& run) {
-    for (const Path& file : {withExtensionPrj(run.inputFile2), besideFile1(run, "Header.prj"),
-                             besideFile1(run, "Projection.prj")}) {
+    for (const Path& file : {withExtensionPrj(run.inputFile2), inFolderOfFile1(run, "Header.prj"),
+                             inFolderOfFile1(run, "Projection.prj")}) {
         if (holdsProjection(file)) return readShpProjection(file);
     }
 }
@@ -112,8 +112,8 @@ void searchShpProjection(const RunSettings& run) {
     if (run.wantZln && shpInput) {
         file = withExtensionPrj(run.inputFile1);
     } else {
-        file = besideFile1(run, "Header.prj");
-        if (!platform::inputExists(file)) file = besideFile1(run, "Projection.prj");
+        file = inFolderOfFile1(run, "Header.prj");
+        if (!platform::inputExists(file)) file = inFolderOfFile1(run, "Projection.prj");
     }
     if (!platform::inputExists(file))
         stopWith("", "ERROR - A Header.prj or Projection.prj file does not exist in folder.");

@@ -89,8 +89,8 @@ BoxAnswer showBox(BoxForm boxForm, std::string_view text) {
     text = text.substr(0, kMaxText);
     const std::optional<int> shown = platform::messageBox(caption, text, form.platformType);
     if (!shown) return askOnConsole(form, caption, text);
-    for (const Button& button : form.buttons)
-        if (button.platformAnswer == *shown) return button.answer;
+    for (int i = 0; i < form.count; ++i)
+        if (form.buttons[i].platformAnswer == *shown) return form.buttons[i].answer;
     return answerOfNobody(form).answer;
 }
 

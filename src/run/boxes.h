@@ -12,7 +12,7 @@ enum class BoxAnswer { ok, cancel, retry, yes, no };
 
 /// Shows a box whose caption is the host's title, with its version where there is a choice to make,
 /// and gives the answer. A text is cut at 256 characters; CR begins a new line. At the end of
-/// standard input the answer is Cancel where the form has it, else No, else OK.
+/// standard input, or without a box, the answer is Cancel where the form has it, else No, else OK.
 BoxAnswer showBox(BoxForm form, std::string_view text);
 
 /// The same, shown again until the answer is OK.

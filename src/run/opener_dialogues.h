@@ -28,7 +28,8 @@ void openerLine(const Parts&... parts) {
 /// A text and a unit number in four columns, as a line.
 void openerUnitLine(std::string_view text, int unit);
 
-/// "close it?": true to close the file that is open, false to ask for another name.
+/// "close it?": true to close the file that is open, false to ask for another name. In a box No
+/// stops the run.
 bool askToClose(std::string_view name);
 
 /// Asks for the name of a file that is missing; `name` stays when the person enters none. `label`

@@ -106,7 +106,9 @@ struct Date {
                                             unsigned type);
 
 /// Makes a folder and the missing ones above it, or copies files; the source's name may end in
-/// ".*", the target is a folder. Gives kNotStarted if it could not be, else what its command gave.
+/// ".*", the target is a folder. Gives 0, or another number at a failure, which is no reason to
+/// stop: whoever opens a file there meets it again. kNotStarted: the system's command, of a
+/// platform that needs one, could not be run.
 inline constexpr int kNotStarted = -1;
 [[nodiscard]] int makeFolder(std::string_view folder);
 [[nodiscard]] int copyFiles(std::string_view source, std::string_view target);

@@ -6,8 +6,8 @@
 
 namespace vantelgis {
 
-// The ends of a run. Each writes out and closes every open file first, and the process ends with
-// status 0 in every case: a failure shows in words alone.
+// The ends of a run. Each writes out and closes every open file, and the process ends with status 0
+// in every case: a failure shows in words alone.
 
 /// The end without a prompt.
 [[noreturn]] void endRun();
@@ -46,9 +46,8 @@ template <typename... Lines>
 /// "ERROR - End of File encountered", stopRun.
 [[noreturn]] void stopUnanswered();
 
-/// A file that has no message of its own can't be written, read or opened: the line "ERROR -
-/// Writing file " (or Reading) and the name behind an empty line, or "ERROR - Can't open file: "
-/// and the name behind a line end; then stopRun.
+/// A file that has no message of its own can't be written, read or opened: a line end, "ERROR -
+/// Writing file ", "ERROR - Reading file " or "ERROR - Can't open file: " with the name, stopRun.
 [[noreturn]] void stopWritingFile(std::string_view name);
 [[noreturn]] void stopReadingFile(std::string_view name);
 [[noreturn]] void stopOpeningFile(std::string_view name);

@@ -5,7 +5,7 @@
 
 namespace vantelgis {
 
-// Character tests of the ASCII letters and digits only, whatever the locale.
+// Tests of characters: ASCII alone, whatever the locale.
 
 constexpr bool isDigit(char c) {
     return c >= '0' && c <= '9';
@@ -41,7 +41,7 @@ constexpr bool sameIgnoringCase(std::string_view a, std::string_view b) {
     return true;
 }
 
-/// The word test of all line readers: `word` stands in the first columns of `line`, in any case.
+/// `word` stands in the first columns of `line`, in any case.
 constexpr bool beginsWith(std::string_view line, std::string_view word) {
     return line.size() >= word.size() && sameIgnoringCase(line.substr(0, word.size()), word);
 }

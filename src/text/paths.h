@@ -35,8 +35,9 @@ std::string_view folderOf(std::string_view path);
 /// alone; "." if both are blank.
 Path joinedPath(std::string_view folder, std::string_view name);
 
-/// `path` without leading blanks, with "\..\" and "\.\" worked out and doubled "\" removed, but
-/// for those of a network prefix. Knows "\" only, never "/".
+/// `path` without leading blanks, with "\..\" and "\.\" worked out and doubled "\" removed. One
+/// that begins in column 1 or 2 is a network prefix: it stays, and so do all behind it. Knows "\"
+/// only, never "/".
 Path resolvedPath(std::string_view path);
 
 /// Removes leading blanks and doubled separators of `path` in place. A doubled separator in column

@@ -17,7 +17,8 @@ extern "C" {
 /// FLAGEXISTS; in addition `rest` receives what stands behind the flag, blank without a match.
 bool FLAGEXISTSRET(std::string_view line, std::string_view flag, TextRef rest);
 
-/// `line` holds "Read MI " or "Read GIS ", followed by `key`.
+/// `line` holds "Read MI " or "Read GIS ", followed by `key`; with a blank key the words are
+/// enough, here and in the next two.
 bool READGIS(std::string_view line, std::string_view key);
 
 /// `line` holds "Write MI " or "Write GIS ", followed by `key`.

@@ -45,8 +45,9 @@ void FILEFOLDERPATH(TextRef out, std::string_view path);
 /// absolute and stays alone; "." if both are blank.
 void ADDFOLDER(TextRef out, std::string_view folder, std::string_view name);
 
-/// `path` without leading blanks, with "\..\" and "\.\" worked out and doubled "\" removed, but for
-/// those of a network prefix. Knows "\" only, never "/".
+/// `path` without leading blanks, with "\..\" and "\.\" worked out and doubled "\" removed. One
+/// that begins in column 1 or 2 is a network prefix: it stays, and so do all behind it. Knows "\"
+/// only, never "/".
 void REMOVEDOTDOT(TextRef out, std::string_view path);
 
 /// Removes leading blanks and doubled separators, in `path` as well as in `out`. A doubled
