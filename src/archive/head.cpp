@@ -17,8 +17,7 @@ namespace vantelgis {
 
 namespace {
 
-constexpr std::size_t kMarkLength = 3;       // of the UTF-8 byte order mark
-constexpr std::size_t kHeadCapacity = 1000;  // of a line in which a keyword is searched for
+constexpr std::size_t kMarkLength = 3;  // of the UTF-8 byte order mark
 constexpr std::size_t kValueCapacity = 100;
 
 // The next line as far as `capacity` reaches; the byte order mark counts for that cut and is
@@ -111,7 +110,7 @@ Text<100> d12HeaderValue(int unit, std::string_view keyword) {
     rewindUnit(unit);
     while (!atEnd(unit)) {
         std::string_view line;
-        const ReadResult result = readHeadLine(unit, kHeadCapacity, marked, line);
+        const ReadResult result = readHeadLine(unit, kShortLineCapacity, marked, line);
         marked = false;
         if (result != ReadResult::ok) continue;
         if (containsIgnoringCase(line, keyword)) return valueIn(line, keyword);

@@ -18,8 +18,8 @@ struct Archive {
     [[nodiscard]] bool hasElevation(float z) const;
 };
 
-/// Opens an archive, reads the comment lines of its head, shows both on the console, and goes
-/// back to the start of the file.
+/// Opens an archive, reads the comment lines of its head, shows what they say on the console, and
+/// goes back to the start of the file.
 void d12OpenArchive(Archive& archive, std::string_view path);
 
 /// Says that the search for objects begins and runs d12FindData.

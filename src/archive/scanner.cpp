@@ -125,7 +125,7 @@ bool d12BeginObject(std::string_view line, D12Object& object) {
 
 bool d12NextAttribute(int unit, std::string_view& line, D12Object& object) {
     while (!d12BeginsData(line) && !atEnd(unit)) {
-        if (!d12ReadLine(unit, line, kObjectLineCapacity)) continue;
+        if (!d12ReadLine(unit, line, kShortLineCapacity)) continue;
         takeAttribute(line, object);
         return true;
     }
@@ -142,7 +142,7 @@ bool d12ObjectType(int unit, std::string_view& line, D12Object& object) {
 
 bool d12NextObject(int unit, std::string_view& line, D12Object& object) {
     while (!atEnd(unit)) {
-        if (d12ReadLine(unit, line, kObjectLineCapacity) && d12ObjectType(unit, line, object))
+        if (d12ReadLine(unit, line, kShortLineCapacity) && d12ObjectType(unit, line, object))
             return true;
     }
     return false;

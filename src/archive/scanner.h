@@ -11,9 +11,6 @@ namespace vantelgis {
 // The reader of what stands behind an archive's `model` line. It goes by lines and looks for words
 // in them, in any column and any case; what it doesn't know it passes over.
 
-/// Characters that count of a line between objects.
-inline constexpr std::size_t kObjectLineCapacity = 1000;
-
 /// The string being read. A conversion owns one and passes it to every call.
 struct D12Object {
     Text<100> header;       ///< in which the words below were looked for; blank if it was longer
@@ -48,8 +45,9 @@ bool d12ReadLine(int unit, std::string_view& line, std::size_t capacity);
 /// A data block begins in the line.
 bool d12BeginsData(std::string_view line);
 
-/// A string's header: the words "string" and "{", wherever they stand. Its type text is what lies
-/// between them.
+/// A string's header: the words "string" and "{", wherever they stand. Its type text begins in
+/// column 8, behind the "string " of a line that begins so, and ends in front of the blank before
+/// the brace, which is there or costs the text its last character.
 bool d12BeginsString(std::string_view line);
 std::string_view d12TypeText(std::string_view line);
 

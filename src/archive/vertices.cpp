@@ -10,6 +10,7 @@
 #include "run/unit_reading.h"
 #include "text/characters.h"
 #include "text/free_format.h"
+#include "text/joined.h"
 #include "text/limits.h"
 #include "text/number_field.h"
 #include "text/strings.h"
@@ -17,8 +18,6 @@
 namespace vantelgis {
 
 namespace {
-
-constexpr std::size_t kVertexLineCapacity = 10000;
 
 // A line with a null in it counts by its first 100 characters once the number stands there. One as
 // short as this can't get so long.
@@ -123,20 +122,14 @@ bool takePlainLine(int unit, const BlockForm& form, Vertex& vertex) {
 }
 
 // The line with each `null` replaced; what doesn't fit is cut.
-Text<kReplacedCapacity> withoutNullWords(std::string_view line, std::string_view number) {
-    char text[kReplacedCapacity];
-    std::size_t length = 0;
-    const auto add = [&](std::string_view part) {
-        const std::size_t n = std::min(part.size(), sizeof text - length);
-        std::copy_n(part.data(), n, text + length);
-        length += n;
-    };
+Joined<kReplacedCapacity> withoutNullWords(std::string_view line, std::string_view number) {
+    Joined<kReplacedCapacity> text;
     while (!line.empty()) {
         const bool isNull = beginsWith(line, kNullWord);
-        add(isNull ? number : line.substr(0, 1));
+        text.add(isNull ? number : line.substr(0, 1));
         line.remove_prefix(isNull ? kNullWord.size() : 1);
     }
-    return std::string_view{text, length};
+    return text;
 }
 
 [[noreturn]] void stopAtVertexLine(Item item, std::string_view line) {
@@ -152,7 +145,7 @@ Text<kReplacedCapacity> withoutNullWords(std::string_view line, std::string_view
 
 // Any vertex line, without leading blanks and comment.
 void takeVertexLine(std::string_view line, const BlockForm& form, Vertex& vertex) {
-    Text<kReplacedCapacity> replaced;
+    Joined<kReplacedCapacity> replaced;
     FreeFormat list{line};
     if (form.nullWords && containsIgnoringCase(line, kNullWord)) {
         replaced = withoutNullWords(line, form.hexFloats ? kNullHexadecimal : kNullElevationText);
@@ -177,6 +170,7 @@ LineUse takeLine(int unit, std::string_view line, const BlockForm& form, VertexT
     if (line.empty()) return LineUse::none;
     if (contains(line, '}')) return LineUse::blockEnd;
     const Text<kVertexLineCapacity> held = line;  // what the unit holds moves in the next test
+    // No brace ends the block: the file is cut off, and perhaps this very line.
     if (atEnd(unit)) return LineUse::blockEnd;
     table.checkLimit();
     Vertex vertex = table.next();
@@ -225,6 +219,7 @@ void findNextBlock(int unit, D12Object& object) {
 bool d12ReadVertices(const Archive& archive, D12Object& object, std::int32_t limit,
                      ArchiveVertices& vertices) {
     VertexTable table{vertices, limit};
+    // What the first vertex has of numbers that its line, or a block without lines, leaves out.
     table.setFirst({0.0, 0.0, archive.nullValue});
     if (!object.isString || !readBlock(archive.unit, formOf(archive, object), table)) return false;
     if (object.isPolyline && object.closed) table.add(table.first());
@@ -239,7 +234,7 @@ bool d12ReadVertices(const Archive& archive, D12Object& object, std::int32_t lim
 
 void d12PassOver(int unit, std::string_view line, D12Object& object) {
     if (!object.dataFollows) return;
-    while (!contains(line, '}') && !atEnd(unit)) d12ReadLine(unit, line, kObjectLineCapacity);
+    while (!contains(line, '}') && !atEnd(unit)) d12ReadLine(unit, line, kShortLineCapacity);
     findNextBlock(unit, object);
 }
 

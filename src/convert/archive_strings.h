@@ -53,7 +53,7 @@ class ElevationRow {
         char text[kElevationWidth];
     };
 
-    Joined<1000> row_;
+    Joined<Line::capacity()> row_;
 };
 
 }  // namespace vantelgis

@@ -98,7 +98,7 @@ void writeSection(const ArchiveStrings& strings, std::string_view path) {
 void writePoints(const CrossSections& run, std::string_view path) {
     constexpr std::string_view kBeforeSide = ",-1.,\"";
     const ArchiveStrings& strings = run.strings;
-    ElevationRow row(0, Joined<1000>(kBeforeSide, R"(L",")", baseNameOf(path), "\""));
+    ElevationRow row(0, Joined<Line::capacity()>(kBeforeSide, R"(L",")", baseNameOf(path), "\""));
     for (std::size_t i = 0; i < strings.vertices.size(); ++i) {
         const float z = strings.vertices.z[i];
         if (!strings.archive.hasElevation(z)) continue;
@@ -124,7 +124,8 @@ void convertObject(CrossSections& run, std::string_view line) {
     writeSection(strings, path);
     writePolyline(
         strings, run.lineLayer,
-        Joined<1000>("\"", path, R"(","xz","","","","","","","",     0.000,   0.000,   0.000,"")"));
+        Joined<Line::capacity()>("\"", path,
+                                 R"(","xz","","","","","","","",     0.000,   0.000,   0.000,"")"));
     writePoints(run, path);
     ++strings.converted;
 }

@@ -35,7 +35,7 @@ int takeFreeLayer() {
         slotOf(id) = std::make_unique<GisLayer>();
         return id;
     }
-    gisStop("ERROR 0251 - Cannot have more than 100 GIS layers open at once.");
+    gisStop("ERROR 0251 - Cannot have more than ", kMaxLayers, " GIS layers open at once.");
 }
 
 void gisInitialiseLayers() {

@@ -13,7 +13,9 @@ namespace vantelgis {
 // The table of open layers. What of a slot concerns one file family alone is a record of that
 // family's.
 
-inline constexpr int kFamilies = 3;  ///< shape families of a layer: points, lines, regions
+/// The shape families of a layer: a shapefile holds one of them.
+enum ShapeFamily : std::uint8_t { kPoints, kLines, kRegions };
+inline constexpr int kFamilies = 3;
 
 /// The MapInfo Interchange side of a layer.
 struct mifL_ {
@@ -75,7 +77,7 @@ struct GisLayer {
     Path name;                     ///< as it was opened
     bool writing = false;
     mifL_ mif;
-    shpL_ shp[kFamilies];  ///< points, lines, regions
+    shpL_ shp[kFamilies];  ///< see ShapeFamily
     dbfL_ dbf[kFamilies];
 };
 

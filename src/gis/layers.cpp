@@ -78,7 +78,7 @@ void gisCloseLayer(int& gisID) {
     }
     GisLayer& layer = gisLayer(gisID, "gisCloseLayer");
     consoleLine(" Closing GIS Layer ", gisID, " [", layer.name, "]...");
-    if (layer.kind == GisKind::none) stopShouldNotBeHere("gisCloseLayer");
+    static_cast<void>(usableLayer(gisID, "gisCloseLayer"));
     if (layer.kind == GisKind::mif) {
         gisMifClose(layer.mif);
     } else {

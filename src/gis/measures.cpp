@@ -48,7 +48,8 @@ Measures measurePolyline(const ObjectNodes& nodes) {
     return m;
 }
 
-// The last two stored nodes repeat the last polygon's first two and take no part.
+// The last two nodes are the first two of the last polygon again, where that is closed: they take
+// no part.
 Measures measureRegion(const ObjectNodes& nodes) {
     if (nodes.centreRead) return {nodes.xCentre, nodes.yCentre, 0, 0};
     const std::int32_t count = nodes.n - 2;

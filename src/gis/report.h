@@ -12,7 +12,7 @@
 namespace vantelgis {
 
 /// One line of a message, made of texts and integers.
-using MessageLine = Joined<1000>;
+using MessageLine = Joined<Line::capacity()>;
 
 /// Reports a message of one line, made of texts and integers, behind an empty line and stops the
 /// run.

@@ -78,7 +78,8 @@ bool convertInteger(std::string_view item, Integer& target) {
     return true;
 }
 
-// Takes a quoted item from the start of `text`; returns the length taken.
+}  // namespace
+
 std::size_t takeQuoted(std::string_view text, TextRef target) {
     const char quote = text.front();
     target.clear();
@@ -96,8 +97,6 @@ std::size_t takeQuoted(std::string_view text, TextRef target) {
     target.assign({target.data, length});
     return text.size();
 }
-
-}  // namespace
 
 Item FreeFormat::findItem() {
     skipSeparator();

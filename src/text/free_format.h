@@ -44,7 +44,8 @@ class FreeFormat {
     /// underflow 0 or the denormal. A 32-bit target is converted directly.
     template <typename Real>
     friend Item takeReal(FreeFormat& list, Real& target);
-    /// An integer is a sign and digits; anything else, or a value out of range, is `bad`.
+    /// An integer is digits, perhaps behind a sign; anything else, or what the target can't hold,
+    /// is `bad`.
     friend Item takeInteger(FreeFormat& list, std::int32_t& target);
     friend Item takeInteger(FreeFormat& list, std::int64_t& target);
     /// A character item: in quotes (a doubled quote stands for one; an unclosed one runs to the end
@@ -78,6 +79,9 @@ class FreeFormat {
     const char* end_;
     bool separatorDue_ = false;  // an item was taken and its separator is still ahead
 };
+
+/// Takes the item in quotes with which `text` begins, see takeWord; gives the length taken.
+std::size_t takeQuoted(std::string_view text, TextRef target);
 
 /// Any real of the list.
 Item takeAnyReal(FreeFormat& list, double& target);

@@ -19,13 +19,6 @@ class Joined {
     }
     operator std::string_view() const { return {buffer_, length_}; }
 
-    /// Puts `text` over what stands at place `at` (from 0); the length stays.
-    void overwrite(std::size_t at, std::string_view text) {
-        if (at < length_)
-            std::copy_n(text.data(), std::min(text.size(), length_ - at), buffer_ + at);
-    }
-
-  private:
     void add(std::string_view text) {
         const std::size_t n = std::min(text.size(), N - length_);
         std::copy_n(text.data(), n, buffer_ + length_);  // also fine with no text at all
@@ -33,6 +26,13 @@ class Joined {
     }
     void add(std::integral auto value) { add(std::string_view(IntegerText(value))); }
 
+    /// Puts `text` over what stands at place `at` (from 0); the length stays.
+    void overwrite(std::size_t at, std::string_view text) {
+        if (at < length_)
+            std::copy_n(text.data(), std::min(text.size(), length_ - at), buffer_ + at);
+    }
+
+  private:
     char buffer_[N];
     std::size_t length_ = 0;
 };

@@ -14,6 +14,11 @@ inline constexpr std::size_t kPathCapacity = 1000;
 /// A line of any input: the rest of a longer one is dropped, and the file goes on behind its end.
 inline constexpr std::size_t kLineCapacity = 100'000;
 
+/// What counts of a line: of a layer, a record and what stands between the vertices of an archive;
+/// and of a line of vertices.
+inline constexpr std::size_t kShortLineCapacity = 1000;
+inline constexpr std::size_t kVertexLineCapacity = 10'000;
+
 /// How far two texts are compared loosely.
 inline constexpr std::size_t kCompareCapacity = 1000;
 

@@ -101,6 +101,6 @@ bool operator==(const Text<N>& a, std::string_view b) {
 
 /// A path, a record line or an input line of ordinary capacity.
 using Path = Text<kPathCapacity>;
-using Line = Text<1000>;
+using Line = Text<kShortLineCapacity>;
 
 }  // namespace vantelgis

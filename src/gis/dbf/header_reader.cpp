@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "gis/dbf/reader.h"
+#include "gis/dbf/table_layout.h"
 #include "gis/report.h"
 #include "run/console.h"
 #include "run/unit_reading.h"
@@ -11,14 +12,10 @@ namespace vantelgis {
 
 namespace {
 
-constexpr char kTerminator = 13;
-
 // Where things stand in a field descriptor. The decimals behind the length aren't needed: a number
 // passes through as the text that it is.
-constexpr std::size_t kNameBytes = 11;
-constexpr std::size_t kTypeOffset = 11;
+constexpr std::size_t kTypeOffset = kFieldNameBytes;
 constexpr std::size_t kLengthOffset = 16;
-constexpr std::size_t kDescriptorBytes = 32;
 
 void readHeaderBytes(int unit, char* out, std::size_t size) {
     gisRequireRead(readBytes(unit, out, size),
@@ -29,10 +26,9 @@ void readHeaderBytes(int unit, char* out, std::size_t size) {
 // The date and the sizes of header and record are passed over: in a plain table the terminator and
 // the field widths say the same. Where they don't, the first record begins with a wrong mark.
 std::int32_t readRecordCount(int unit) {
-    constexpr std::size_t kCountOffset = 4;
-    char header[32];
+    char header[kTableHeaderBytes];
     readHeaderBytes(unit, header, sizeof header);
-    return fromLittleEndian<std::int32_t>(header + kCountOffset);
+    return fromLittleEndian<std::int32_t>(header + kRecordCountOffset);
 }
 
 // Reads a field descriptor, by the pieces that can stop the run; false when the terminator stands
@@ -41,10 +37,10 @@ bool readField(dbfL_& dbf) {
     char bytes[kDescriptorBytes];
     readHeaderBytes(dbf.dbfUnit, bytes, 1);
     if (bytes[0] == kTerminator) return false;
-    readHeaderBytes(dbf.dbfUnit, bytes + 1, kNameBytes - 1);
+    readHeaderBytes(dbf.dbfUnit, bytes + 1, kFieldNameBytes - 1);
     if (dbf.nFields == kMaxDbfFields)
         gisStop("ERROR 0401 - Exceeded maximum number of dbf Fields.");
-    readHeaderBytes(dbf.dbfUnit, bytes + kNameBytes, kLengthOffset + 1 - kNameBytes);
+    readHeaderBytes(dbf.dbfUnit, bytes + kFieldNameBytes, kLengthOffset + 1 - kFieldNameBytes);
     const int width = static_cast<unsigned char>(bytes[kLengthOffset]);
     if (width == 0) {
         gisStop("ERROR 0402 - dbf field length of ", width,
@@ -53,7 +49,7 @@ bool readField(dbfL_& dbf) {
     readHeaderBytes(dbf.dbfUnit, bytes + kLengthOffset + 1, kDescriptorBytes - kLengthOffset - 1);
 
     const auto i = static_cast<std::size_t>(dbf.nFields++);
-    cleanAttributeName(dbf.fieldName[i], {bytes, kNameBytes}, int{kNameBytes});
+    cleanAttributeName(dbf.fieldName[i], {bytes, kFieldNameBytes}, kFieldNameBytes);
     dbf.fieldType[i] = bytes[kTypeOffset];
     dbf.fieldWidth[i] = width;
     dbf.recordLength += width;

@@ -2,6 +2,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "gis/dbf/table_layout.h"
 #include "gis/dbf/writer.h"
 #include "gis/report.h"
 #include "run/platform.h"
@@ -13,9 +14,7 @@ namespace vantelgis {
 
 namespace {
 
-constexpr char kTerminator = 13;
-constexpr std::size_t kNameBytes = 11;
-constexpr std::size_t kLongestName = 10;
+constexpr std::size_t kLongestName = kFieldNameBytes - 1;
 constexpr std::int64_t kLongestRecord = 65534;  // with its mark it fills 16 bits
 
 // What a field of a type that begins with `word` becomes; width 0 stands for that of the
@@ -40,7 +39,7 @@ const FieldType& fieldTypeOf(std::string_view type) {
 
 void defineField(const FieldDefinition& field, std::size_t i, dbfL_& dbf) {
     Text<32> name{withoutLeadingBlanks(field.name)};
-    cleanAttributeName(name, name, int{Text<32>::capacity()});
+    cleanAttributeName(name, name, name.capacity());
     dbf.fieldName[i] = name.view().substr(0, kLongestName);
     const FieldType& type = fieldTypeOf(field.type);
     dbf.fieldType[i] = type.letter;
@@ -79,7 +78,9 @@ void putTableHeader(const dbfL_& dbf, std::int64_t recordLength) {
     putValue(unit, i1u(today.month));
     putValue(unit, i1u(today.day));
     putValue(unit, dbf.nRecords);
-    putValue(unit, i2u(32 * dbf.nFields + 33));
+    const std::size_t headerLength =
+        kTableHeaderBytes + kDescriptorBytes * static_cast<std::size_t>(dbf.nFields) + 1;
+    putValue(unit, i2u(static_cast<std::int64_t>(headerLength)));
     putValue(unit, i2u(recordLength + 1));
     putZeros(unit, 20);
 }
@@ -88,7 +89,7 @@ void putTableHeader(const dbfL_& dbf, std::int64_t recordLength) {
 void putDescriptor(const dbfL_& dbf, std::size_t i) {
     const int unit = dbf.dbfUnit;
     put(unit, dbf.fieldName[i]);
-    putZeros(unit, kNameBytes - dbf.fieldName[i].size());
+    putZeros(unit, kFieldNameBytes - dbf.fieldName[i].size());
     put(unit, {&dbf.fieldType[i], 1});
     putZeros(unit, 4);
     const std::int32_t width = dbf.fieldWidth[i];

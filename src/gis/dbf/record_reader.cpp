@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "gis/dbf/reader.h"
+#include "gis/dbf/table_layout.h"
 #include "gis/report.h"
 #include "run/console.h"
 #include "run/unit_reading.h"
@@ -16,7 +17,6 @@ namespace {
 constexpr char kDeleted = '*';
 constexpr char kActive = ' ';
 constexpr char kActiveToo = '\0';  // some writers leave the byte alone
-constexpr char kEndMark = 26;      // Ctrl+Z, as text files of the time ended
 constexpr std::size_t kLongestRecord = std::size_t{kMaxDbfFields} * 255;
 
 void requireBytes(ReadResult result) {

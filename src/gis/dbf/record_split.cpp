@@ -3,14 +3,11 @@
 #include <algorithm>
 
 #include "text/characters.h"
+#include "text/free_format.h"
 
 namespace vantelgis {
 
 namespace {
-
-bool endsWord(char c) {
-    return c == ' ' || c == ',' || c == '/';
-}
 
 void skipBlanks(std::string_view& rest) {
     rest = withoutLeadingBlanks(rest);
@@ -28,26 +25,9 @@ std::size_t takeRepeatCount(std::string_view& rest, std::size_t most) {
     return count;
 }
 
-// Takes an item in quotes; one that is never closed runs to the end of the line.
-void takeQuoted(std::string_view& rest, RecordItem& item) {
-    const char quote = rest[0];
-    const TextRef target = item;
-    std::size_t length = 0;
-    std::size_t at = 1;
-    for (; at < rest.size(); ++at) {
-        if (rest[at] == quote) {
-            if (at + 1 >= rest.size() || rest[at + 1] != quote) break;
-            ++at;
-        }
-        if (length < target.capacity) target.data[length++] = rest[at];
-    }
-    *target.length = withoutTrailingBlanks({target.data, length}).size();
-    rest.remove_prefix(std::min(at + 1, rest.size()));
-}
-
 void takeWord(std::string_view& rest, RecordItem& item) {
     std::size_t length = 0;
-    while (length < rest.size() && !endsWord(rest[length])) ++length;
+    while (length < rest.size() && !endsItem(rest[length])) ++length;
     item = rest.substr(0, length);
     rest.remove_prefix(length);
 }
@@ -55,9 +35,9 @@ void takeWord(std::string_view& rest, RecordItem& item) {
 // Takes what stands behind a repeat count, which may be nothing, into the first of `items` and
 // copies it to the others.
 void takeItem(std::string_view& rest, std::span<RecordItem> items) {
-    if (rest.empty() || endsWord(rest[0])) return;
+    if (rest.empty() || endsItem(rest[0])) return;
     if (isQuote(rest[0])) {
-        takeQuoted(rest, items[0]);
+        rest.remove_prefix(takeQuoted(rest, items[0]));
     } else {
         takeWord(rest, items[0]);
     }

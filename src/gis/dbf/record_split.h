@@ -18,7 +18,7 @@ using RecordItem = Text<256>;
 /// alone: the rest of the line is kept, so that an equal one need not be split again.
 struct RecordItems {
     RecordItem items[kMaxDbfFields];
-    Text<1000> rest;                    ///< of the line, behind its first item
+    Line rest;                          ///< of the line, behind its first item
     std::span<RecordItem> itemsOfRest;  ///< what it was split into
     std::int64_t nSplits = 0;           ///< how often a rest was split
 };

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "gis/dbf/record_split.h"
+#include "gis/dbf/table_layout.h"
 #include "gis/dbf/writer.h"
 #include "gis/report.h"
 #include "run/unit_writing.h"
@@ -12,7 +13,6 @@ namespace vantelgis {
 namespace {
 
 constexpr char kBlank = ' ';
-constexpr char kEndMark = 26;
 
 // Shared by all tables: an item that a line leaves out is that of the record before.
 RecordItems lastItems;
@@ -89,15 +89,13 @@ void dbfForgetItems() {
 }
 
 void dbfFinish(dbfL_& dbf) {
-    constexpr std::int64_t kCountOffset = 4;
     // A record that can't be written is told apart from what only the end writes.
     if (!flushUnit(dbf.dbfUnit)) stopAboutRecord();
     put(dbf.dbfUnit, {&kEndMark, 1});
     const auto count = bytesOf(dbf.recordNo, std::endian::little);
-    constexpr std::string_view kFailure =
-        "ERROR 0413 - Rewriting .dbf file header with final information.";
-    if (!patchBytes(dbf.dbfUnit, kCountOffset, {count.data(), count.size()})) gisStop(kFailure);
-    gisCloseFile(dbf.dbfUnit, kFailure);
+    if (!patchBytes(dbf.dbfUnit, kRecordCountOffset, {count.data(), count.size()}))
+        gisStop(kFinishFailure);
+    gisCloseFile(dbf.dbfUnit, kFinishFailure);
 }
 
 }  // namespace vantelgis

@@ -11,9 +11,14 @@ namespace vantelgis {
 // The writer of dBase III tables. Values stand in their fields as they stand in the record line;
 // nothing is reformatted.
 
+/// What a header stops with that can't be rewritten at the end: of a table, or of the shapefile's
+/// other files.
+inline constexpr std::string_view kFinishFailure =
+    "ERROR 0413 - Rewriting .dbf file header with final information.";
+
 /// Empties the table and writes its header and descriptors from the attribute fields, with the
-/// local date. Nothing happens without an open file. Fields that a table can't hold, and a refused
-/// write (ERROR 0413), stop the run.
+/// local date. Nothing happens without an open file. Fields that a table can't hold (ERROR 0319,
+/// 0411, 0412), and a refused write (ERROR 0413), stop the run.
 void dbfWriteHeader(FieldDefinitions fields, dbfL_& dbf);
 
 /// Writes a record from `row`, a line of comma-separated text: an item that it leaves out is that
@@ -26,7 +31,7 @@ void dbfWriteRecord(const NumberRow& row, dbfL_& dbf);
 void dbfForgetItems();
 
 /// Writes the mark behind the last record, puts the number of records into the header and closes
-/// the file. ERROR 0417 or 0413 when a write is refused.
+/// the file. ERROR 0417 or kFinishFailure when a write is refused.
 void dbfFinish(dbfL_& dbf);
 
 /// `value` as the 16 or 8 bits of an unsigned number; one outside its range stops the run.

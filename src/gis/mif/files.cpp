@@ -8,8 +8,7 @@ namespace vantelgis {
 
 namespace {
 
-// The owner's messages for refused writes name the layer, so they come from here and not from the
-// unit.
+// For a refused write the format has messages of its own, so that the unit is to keep silent.
 void openFileOfPair(int& unit, std::string_view stem, std::string_view extension,
                     std::string_view mode) {
     Path name{stem};

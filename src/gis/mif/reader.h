@@ -22,12 +22,14 @@ void gisMifSkipToData(int mifUnit);
 
 /// Finds the next line with an object keyword: sets the kind, count and name of `object`, which is
 /// clear, and the layer's `rest` to what follows the keyword. False, and no rest, when the file
-/// ends without one.
+/// ends without one. A collection, too many polygons, and a line or count that can't be read stop
+/// the run with ERROR 0303, 0304, 0308, 0309, 0321 or 0322.
 bool gisMifObjectType(mifL_& layer, GisObject& object);
 
 /// Reads the coordinates of the object (the next part of a multiPolyline, the next point of a
 /// multiPoint) into `nodes`, with a region's centre where it ends the file. Numbers that can't be
-/// read stop the run with ERROR 0308 or 0309.
+/// read stop the run with ERROR 0308 or 0309, more nodes than `nodes` may hold with ERROR 0310, a
+/// region of less than 5 with ERROR 0318.
 void gisMifReadObject(mifL_& layer, const GisObject& object, ObjectNodes& nodes);
 
 /// Reads the next line of a .mid, the attribute record of the object, as a view that is good until

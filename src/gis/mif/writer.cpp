@@ -10,12 +10,12 @@
 
 namespace vantelgis {
 
-Text<1000> gisMifCoordSys;
+Line gisMifCoordSys;
 
 namespace {
 
-// The columns of a coordinate. A layer in metres has room for 8 digits before the point; what needs
-// more becomes asterisks.
+// The columns of a coordinate, 9 of them before the point: a northing of 9 digits touches the easting
+// in front of it, and what is longer, its sign included, becomes asterisks.
 constexpr int kFieldWidth = 16;
 constexpr int kCoordinateDecimals = 6;
 constexpr int kTextBoxDecimals = 3;

@@ -13,7 +13,7 @@ namespace vantelgis {
 // The writer of MapInfo Interchange files (the format's appendix in the MapInfo reference).
 
 /// The CoordSys line of layers that are made.
-extern Text<1000> gisMifCoordSys;
+extern Line gisMifCoordSys;
 
 /// Writes the header from the attribute fields and gisMifCoordSys. A failed write is ERROR 0439.
 void gisMifWriteHeader(FieldDefinitions fields, int mifUnit);

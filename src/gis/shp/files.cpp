@@ -1,6 +1,8 @@
 #include "gis/shp/files.h"
 
 #include "gis/report.h"
+#include "gis/shp/shape_types.h"
+#include "gis/shp/writer.h"
 #include "run/opener.h"
 #include "run/stop.h"
 #include "run/unit_writing.h"
@@ -34,10 +36,11 @@ void openOutputFiles(std::string_view stem, shpL_& shp, dbfL_& dbf) {
 // The shape type is what every object of the set has: a shapefile holds one type.
 struct Family {
     std::string_view letters;
-    std::size_t index;
+    ShapeFamily index;
     std::int32_t shapeType;
 };
-constexpr Family kFamilyTable[] = {{"Pp", 0, 1}, {"Ll", 1, 3}, {"Rr", 2, 5}};
+constexpr Family kFamilyTable[] = {
+    {"Pp", kPoints, kPoint}, {"Ll", kLines, kPolyLine}, {"Rr", kRegions, kPolygon}};
 
 [[noreturn]] void stopAtFamilies() {
     stopWith(MessageLine("Should not be here [OpenshpFileType] - please contact ", SUPPORT_ADDRESS,
@@ -80,7 +83,7 @@ void shpCloseFiles(GisLayer& layer) {
         shpL_& shp = layer.shp[k];
         for (int* unit : {&shp.shpUnit, &shp.shpUnitBE, &shp.shxUnit, &shp.shxUnitBE, &shp.prjUnit,
                           &layer.dbf[k].dbfUnit})
-            gisCloseFile(*unit, "ERROR 0437 - Writing .shp file header.");
+            gisCloseFile(*unit, kShpHeaderFailure);
     }
 }
 

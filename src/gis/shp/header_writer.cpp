@@ -7,19 +7,15 @@
 
 namespace vantelgis {
 
-Text<1000> gisShpProjCS;
+Line gisShpProjCS;
 
 namespace {
-
-constexpr std::int32_t kHeaderWords = 50;
-
-constexpr std::string_view kFailure = "ERROR 0437 - Writing .shp file header.";
 
 // The .prj is finished before the first object, so that a run which fails later leaves it whole.
 void writeProjection(shpL_& shp) {
     putLine(shp.prjUnit, gisShpProjCS);
-    if (!flushUnit(shp.prjUnit)) gisStop(kFailure);
-    gisCloseFile(shp.prjUnit, kFailure);
+    if (!flushUnit(shp.prjUnit)) gisStop(kShpHeaderFailure);
+    gisCloseFile(shp.prjUnit, kShpHeaderFailure);
 }
 
 // The smallest box there is: any object widens it. Its numbers are those of 32-bit floats.
@@ -32,13 +28,12 @@ void startBox(shpL_& shp) {
 }  // namespace
 
 void shpWriteHeader(shpL_& shp, int unit, int twin) {
-    constexpr std::size_t kHeaderBytes = 100;
     if (unit <= 0 || twin <= 0) stopShouldNotBeHere("shpnotopen");
-    if (!emptyUnit(unit)) gisStop(kFailure);
-    char* out = reserve(unit, kHeaderBytes);
+    if (!emptyUnit(unit)) gisStop(kShpHeaderFailure);
+    char* out = reserve(unit, 2 * kShpHeaderWords);
     out = placeBig(out, std::int32_t{9994});  // by which every shapefile is known
     out = placeZeros(out, 20);
-    out = placeBig(out, kHeaderWords);
+    out = placeBig(out, kShpHeaderWords);
     out = placeLittle(out, std::int32_t{1000});  // the version
     out = placeLittle(out, shp.shapeType);
     out = placeLittle(out, shp.xMin);
@@ -47,7 +42,7 @@ void shpWriteHeader(shpL_& shp, int unit, int twin) {
     out = placeLittle(out, shp.yMax);
     out = placeZeros(out, 32);  // the ranges of Z and M
     commit(unit, out);
-    if (!flushUnit(unit)) gisStop(kFailure);
+    if (!flushUnit(unit)) gisStop(kShpHeaderFailure);
 }
 
 void shpWriteLayerHeaders(GisLayer& layer, FieldDefinitions fields) {
@@ -57,8 +52,8 @@ void shpWriteLayerHeaders(GisLayer& layer, FieldDefinitions fields) {
         writeProjection(shp);
         shpWriteHeader(shp, shp.shpUnit, shp.shpUnitBE);
         shpWriteHeader(shp, shp.shxUnitBE, shp.shxUnit);
-        gisCloseFile(shp.shxUnit, kFailure);
-        shp.offset = kHeaderWords;
+        gisCloseFile(shp.shxUnit, kShpHeaderFailure);
+        shp.offset = kShpHeaderWords;
         startBox(shp);
         dbfWriteHeader(fields, layer.dbf[k]);
         layer.dbf[k].recordNo = 0;

@@ -6,10 +6,8 @@ namespace vantelgis {
 
 namespace {
 
-enum Family : std::size_t { kPoints, kLines, kRegions };
-
 // The set that takes an object which has a geometry.
-Family familyOf(const GisObject& object) {
+ShapeFamily familyOf(const GisObject& object) {
     if (object.isLineLike()) return kLines;
     switch (object.kind) {
         case ObjectKind::point:
@@ -27,7 +25,7 @@ Family familyOf(const GisObject& object) {
 void shpWriteLayerObject(GisLayer& layer, const GisObject& object, const OutputNodes& nodes,
                          std::string_view row) {
     if (object.kind != ObjectKind::none) {
-        const Family family = familyOf(object);
+        const ShapeFamily family = familyOf(object);
         shpWriteObject(object, nodes, layer.shp[family]);
         dbfWriteRecord(row, layer.dbf[family]);
         return;

@@ -40,7 +40,7 @@ void widen(shpL_& shp, const Box& box) {
 }
 
 [[noreturn]] void stopWriting() {
-    gisStop("ERROR 0439 - Writing .shp file object coordinates.");
+    gisStop(kShpObjectFailure);
 }
 
 constexpr std::size_t kHeadBytes = 12;  // record number, content length, shape type

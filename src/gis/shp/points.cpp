@@ -1,7 +1,6 @@
 #include "gis/shp/points.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 
 #include "run/unit_writing.h"
@@ -15,14 +14,6 @@ constexpr std::size_t kBytes = kPointBytes;
 void takePoint(const char* bytes, double& x, double& y) {
     x = fromLittleEndian<double>(bytes);
     y = fromLittleEndian<double>(bytes + sizeof(double));
-}
-
-char* placePoint(char* out, double x, double y) {
-    const auto xBytes = bytesOf(x, std::endian::little);
-    const auto yBytes = bytesOf(y, std::endian::little);
-    std::memcpy(out, xBytes.data(), sizeof x);
-    std::memcpy(out + sizeof x, yBytes.data(), sizeof y);
-    return out + kBytes;
 }
 
 // A point whose first bytes, `atHand`, are the last ones in the unit's buffer.
@@ -58,7 +49,7 @@ void shpWritePoints(int unit, const double* x, const double* y, std::size_t coun
     while (count > 0) {
         const std::size_t n = std::min(count, kLargestReserve / kBytes);
         char* out = reserve(unit, n * kBytes);
-        for (std::size_t i = 0; i < n; ++i) out = placePoint(out, x[i], y[i]);
+        for (std::size_t i = 0; i < n; ++i) out = placeLittle(placeLittle(out, x[i]), y[i]);
         commit(unit, out);
         x += n;
         y += n;

@@ -5,7 +5,7 @@
 
 namespace vantelgis {
 
-/// The shape types that are read and written.
+/// The shape types that are read and written (ESRI Shapefile Technical Description).
 enum ShapeType : std::int32_t {
     kNullShape = 0,
     kPoint = 1,

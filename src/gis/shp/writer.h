@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "gis/fields.h"
@@ -15,10 +16,18 @@ namespace vantelgis {
 // written once: the .shp goes out through shpUnit, the .shx through shxUnitBE.
 
 /// The line of the .prj files of layers that are made.
-extern Text<1000> gisShpProjCS;
+extern Line gisShpProjCS;
+
+/// What a refused write of a header, or of an object, stops with.
+inline constexpr std::string_view kShpHeaderFailure = "ERROR 0437 - Writing .shp file header.";
+inline constexpr std::string_view kShpObjectFailure =
+    "ERROR 0439 - Writing .shp file object coordinates.";
+
+/// The length of the header of a .shp and of a .shx, in 16-bit words.
+inline constexpr std::int32_t kShpHeaderWords = 50;
 
 /// Empties the file behind `unit` and writes the 100 bytes of a main header through it. `twin`, the
-/// file's other unit, only has to be open. A refused write is ERROR 0437.
+/// file's other unit, only has to be open. A refused write is kShpHeaderFailure.
 void shpWriteHeader(shpL_& shp, int unit, int twin);
 
 /// Writes the .prj line and the headers of every set of the layer, its .dbf included, and makes the
@@ -26,7 +35,7 @@ void shpWriteHeader(shpL_& shp, int unit, int twin);
 void shpWriteLayerHeaders(GisLayer& layer, FieldDefinitions fields);
 
 /// Writes one object. A kind that can't be written is ERROR 0350; a refused write, or a file that
-/// would outgrow its 32-bit lengths, ERROR 0439.
+/// would outgrow its 32-bit lengths, kShpObjectFailure.
 void shpWriteObject(const GisObject& object, const OutputNodes& nodes, shpL_& shp);
 void shpWritePoint(double x, double y, shpL_& shp);
 
@@ -40,7 +49,7 @@ void shpWriteLayerPoint(GisLayer& layer, const OutputNodes& nodes, std::size_t i
                         const NumberRow& row);
 
 /// Puts what only the end can know into the headers of all sets, family by family, and closes the
-/// files that got an object. ERROR 0413 when a header can't be rewritten.
+/// files that got an object. kFinishFailure when a header can't be rewritten.
 void shpFinishLayer(GisLayer& layer);
 
 }  // namespace vantelgis

@@ -45,7 +45,7 @@ void ArchiveImport::takeFirstModel() {
 bool ArchiveImport::findBlock(std::string_view& line) {
     const int unit = archive_.unit;
     while (!atEnd(unit)) {
-        if (!d12ReadLine(unit, line, kObjectLineCapacity)) continue;
+        if (!d12ReadLine(unit, line, kShortLineCapacity)) continue;
         if (object_.dataFollows) {
             header_.line = lineNumber(unit);
             header_.levelled = false;
