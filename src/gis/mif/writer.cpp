@@ -14,8 +14,8 @@ Line gisMifCoordSys;
 
 namespace {
 
-// The columns of a coordinate, 9 of them before the point: a northing of 9 digits touches the easting
-// in front of it, and what is longer, its sign included, becomes asterisks.
+// The columns of a coordinate, 9 of them before the point: a northing of 9 digits touches the
+// easting in front of it, and what is longer, its sign included, becomes asterisks.
 constexpr int kFieldWidth = 16;
 constexpr int kCoordinateDecimals = 6;
 constexpr int kTextBoxDecimals = 3;
