@@ -7,7 +7,6 @@ namespace vantelgis {
 namespace {
 
 constexpr std::string_view kBlockEnd = "  }\r\n";
-constexpr std::string_view kStringEnd = "  }\r\n}\r\n\r\n";
 
 template <std::size_t Size>
 constexpr std::string_view textOf(const char (&field)[Size]) {
@@ -37,8 +36,7 @@ void d12WriteModel(int unit, std::string_view modelName) {
 }
 
 // All that is the same stands in one text: there may be as many strings as vertices.
-void d12BeginString(int unit, std::string_view type, std::string_view name) {
-    OutputLine line{unit, 512};
+void d12BeginString(OutputLine& line, std::string_view type, std::string_view name) {
     line.text("string ");
     line.text(type);
     line.text(" {\r\n  name      \"");
@@ -74,12 +72,8 @@ void d12BeginString(OutputLine& line, const D12StringHead& head) {
     line.end();
 }
 
-void d12EndString(int unit) {
-    put(unit, kStringEnd);
-}
-
 void d12EndString(OutputLine& line) {
-    line.text(kStringEnd);
+    line.text("  }\r\n}\r\n\r\n");
     line.handOver();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstring>
 #include <string_view>
 
 #include "run/unit_writing.h"
@@ -19,7 +20,7 @@ void d12WriteNull(int unit);
 void d12WriteModel(int unit, std::string_view modelName);
 
 /// Writes a string's lines up to the start of its data: `type` is 2d or 3d.
-void d12BeginString(int unit, std::string_view type, std::string_view name);
+void d12BeginString(OutputLine& line, std::string_view type, std::string_view name);
 
 /// What can stand in front of a string's data, each text as it goes into the file; the values are
 /// those of a string that says nothing else. One that is empty, but for the name, has no line.
@@ -39,9 +40,12 @@ inline constexpr std::size_t kLinesRoom = 16384;
 
 /// Begins the line of a vertex with its x and y; a third number may follow.
 inline void d12AddVertex(OutputLine& line, double x, double y) {
-    line.text("    ");
-    line.fixed<16, 5>(x);
-    line.fixed<16, 5>(y);
+    constexpr int kIndent = 4;
+    constexpr int kWidth = 16;
+    char* const out = line.place(kIndent + 2 * kWidth);
+    std::memset(out, ' ', kIndent);
+    char* const behindX = fixedField<kWidth, 5>(out + kIndent, x);
+    line.filled(fixedField<kWidth, 5>(behindX, y));
 }
 /// The elevation behind them.
 inline void d12AddElevation(OutputLine& line, float z) {
@@ -49,7 +53,6 @@ inline void d12AddElevation(OutputLine& line, float z) {
 }
 
 /// Writes the end of a string's data and of the string.
-void d12EndString(int unit);
 void d12EndString(OutputLine& line);
 
 /// The numbers of a result's symbol, an arrow, as both blocks below show them: its size, and the

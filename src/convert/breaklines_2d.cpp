@@ -25,13 +25,13 @@ struct Breaklines2d {
 };
 
 void writeString(const Breaklines2d& run) {
-    d12BeginString(run.archive, "2d", run.name);
     OutputLine line{run.archive, kLinesRoom};
+    d12BeginString(line, "2d", run.name);
     for (std::size_t i = 0; i < run.nodes.size(); ++i) {
         d12AddVertex(line, run.nodes.x[i], run.nodes.y[i]);
         line.end();
     }
-    d12EndString(run.archive);
+    d12EndString(line);
 }
 
 void convertObject(Breaklines2d& run, const GisObject& object) {

@@ -61,14 +61,14 @@ void readPoints(Breaklines3d& run) {
 
 void writeString(const Breaklines3d& run, std::span<const VertexElevation> elevations) {
     constexpr int kNameDigits = 8;
-    d12BeginString(run.archive, "3d", ZeroPaddedText(run.counter, kNameDigits));
     OutputLine line{run.archive, kLinesRoom};
+    d12BeginString(line, "3d", ZeroPaddedText(run.counter, kNameDigits));
     for (std::size_t i = 0; i < elevations.size(); ++i) {
         d12AddVertex(line, run.nodes.x[i], run.nodes.y[i]);
         d12AddElevation(line, elevations[i].z);
         line.end();
     }
-    d12EndString(run.archive);
+    d12EndString(line);
 }
 
 void convertPart(Breaklines3d& run, CheckLayer& dangles) {

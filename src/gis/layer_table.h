@@ -19,10 +19,11 @@ inline constexpr int kFamilies = 3;
 
 /// The MapInfo Interchange side of a layer.
 struct mifL_ {
-    std::string_view rest;   ///< behind the keyword found last; gone with the next read of its unit
-    bool pointRead = false;  ///< that line was of a point and held these coordinates alone:
-    double pointX = 0;
+    std::string_view rest;  ///< behind the keyword found last; gone with the next read of its unit
+    bool lineRead = false;  ///< instead of `rest`, all that its line holds was read:
+    double pointX = 0;      ///< the place of a point
     double pointY = 0;
+    std::int32_t nNodes = 0;      ///< the count of a polyline
     int mifUnit = 0;              ///< 0 when closed
     int midUnit = 0;              ///< 0 when closed
     std::string_view objectName;  ///< of the object written last, for a message

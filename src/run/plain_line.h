@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <iterator>
 #include <string_view>
@@ -39,12 +40,25 @@ class PlainLine {
         if (behind != nullptr) p_ = behind;
         return behind != nullptr;
     }
-    /// A word behind blanks, in any case; nothing is looked for behind another one.
+    /// A count of at most nine digits behind blanks; `target` stays as it was if there is none.
+    bool count(std::int32_t& target) {
+        skipBlanks();
+        std::uint64_t value = 0;
+        const char* const behind = gatherDigits(p_, std::unreachable_sentinel, value);
+        if (behind == p_ || behind - p_ > 9 || !endsItem(*behind)) return false;
+        p_ = behind;
+        target = static_cast<std::int32_t>(value);
+        return true;
+    }
+    /// A word behind blanks, in any case; another one is left where it is.
     bool word(std::string_view wanted) {
         skipBlanks();
+        const char* p = p_;
         for (const char c : wanted)
-            if (toLower(*p_++) != toLower(c)) return false;
-        return endsItem(*p_);
+            if (toLower(*p++) != toLower(c)) return false;
+        if (!endsItem(*p)) return false;
+        p_ = p;
+        return true;
     }
     /// True if the line ends here, but for blanks; it is then the one read last.
     bool end() {

@@ -81,11 +81,17 @@ class OutputLine {
     }
     /// An integer in its shortest form.
     void integer(std::int64_t value) { text(IntegerText(value)); }
+    /// A place for `size` bytes, and how far it was filled.
+    char* place(std::size_t size) {
+        need(size);
+        return out_;
+    }
+    void filled(char* behind) { out_ = behind; }
     /// CR LF. A further line may follow.
     void end() {
         need(2);
-        *out_++ = '\r';
-        *out_++ = '\n';
+        std::memcpy(out_, "\r\n", 2);
+        out_ += 2;
         handOver();
     }
     /// Ends without a line end: what follows goes on behind it.

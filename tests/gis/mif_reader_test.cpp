@@ -106,7 +106,18 @@ TEST(MifReader, CommonLinesAreReadAsAnyOther) {
                                            "Rect 5 6 7 8",
                                            "Ro",
                                            "Text",
-                                           "Collection 1"};
+                                           "Collection 1",
+                                           "Pline 0",
+                                           " pline 000 ",
+                                           "Pline 0x",
+                                           "Pline 0 1",
+                                           "Pline +0",
+                                           "Pline .0",
+                                           "Pline -1",
+                                           "Pline 9999999999",
+                                           "Pline 101",
+                                           "Plines 0",
+                                           "Pline Multiple 0"};
     std::mt19937_64 random(20240304);
     for (int i = randomInputs(2000); i > 0; --i) {
         std::string common, tabbed;

@@ -40,7 +40,7 @@ void takeNode(FreeFormat& list, ObjectNodes& nodes, std::size_t i) {
 // The second node repeats the point: a later polyline that leaves out a number of its second node
 // finds it there.
 void readPoint(const mifL_& layer, std::string_view rest, ObjectNodes& nodes) {
-    if (layer.pointRead) {
+    if (layer.lineRead) {
         nodes.x[0] = layer.pointX;
         nodes.y[0] = layer.pointY;
     } else if (rest.empty()) {
@@ -61,8 +61,8 @@ void readTwoNodes(std::string_view rest, ObjectNodes& nodes) {
     nodes.n = 2;
 }
 
-void readPart(int mifUnit, std::string_view countText, ObjectNodes& nodes) {
-    nodes.n = takeNodeCount(countText, nodes.n);
+void readPart(int mifUnit, std::int32_t count, ObjectNodes& nodes) {
+    nodes.n = count;
     gisMakeRoom(nodes, nodes.n, kLimited);
     for (std::size_t i = 0; i < static_cast<std::size_t>(nodes.n); ++i) readNode(mifUnit, nodes, i);
 }
@@ -116,8 +116,11 @@ void gisMifReadObject(mifL_& layer, const GisObject& object, ObjectNodes& nodes)
         case ObjectKind::line:
         case ObjectKind::rect:
         case ObjectKind::roundRect: return readTwoNodes(layer.rest, nodes);
-        case ObjectKind::multiPolyline: return readPart(unit, readNextLine(unit), nodes);
-        case ObjectKind::polyline: return readPart(unit, layer.rest, nodes);
+        case ObjectKind::multiPolyline:
+            return readPart(unit, takeNodeCount(readNextLine(unit), nodes.n), nodes);
+        case ObjectKind::polyline:
+            return readPart(
+                unit, layer.lineRead ? layer.nNodes : takeNodeCount(layer.rest, nodes.n), nodes);
         case ObjectKind::region: return readRegion(layer, object.nParts, nodes);
         case ObjectKind::arc:
         case ObjectKind::ellipse: nodes.n = 0; return;

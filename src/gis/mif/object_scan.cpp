@@ -25,10 +25,11 @@ struct Keyword {
     ObjectKind kind;
 };
 constexpr std::string_view kPoint = "POINT";
+constexpr std::string_view kPolyline = "PLINE";
 constexpr Keyword kKeywords[] = {
     {kPoint, ObjectKind::point},
     {"PLINE MULTIPLE", ObjectKind::multiPolyline},
-    {"PLINE", ObjectKind::polyline},
+    {kPolyline, ObjectKind::polyline},
     {"LINE", ObjectKind::line},
     {"REGION", ObjectKind::region},
     {"MULTIPOINT", ObjectKind::multiPoint},
@@ -110,26 +111,29 @@ std::string_view readScannedLine(int mifUnit) {
     return withoutTrailingBlanks(line.substr(0, Line::capacity()));
 }
 
-// Takes the next line if it is one of two common kinds: that of a point whose coordinates are plain
-// decimals, which are read with it, or one that begins as no keyword does, such as that of a pen.
+// Takes the next line if it is of a common kind: that of a point or polyline with nothing but plain
+// numbers, which are read with it, or one that begins as no keyword does, such as that of a pen.
 // False leaves a line of any other kind, or one that the buffer doesn't hold, to the scan.
 bool takePlainLine(mifL_& layer, GisObject& object) {
     PlainLine line(layer.mifUnit, Line::capacity());
     const char* const text = line.text();
     if (!isLetter(text[0])) return false;
     if (!beginsAWord(text)) return line.passOver();
-    layer.pointRead =
-        line.word(kPoint) && line.number(layer.pointX) && line.number(layer.pointY) && line.end();
-    if (!layer.pointRead) return false;
-    object.kind = ObjectKind::point;
-    object.name = kPoint;
+    const bool isPoint = line.word(kPoint);
+    if (!isPoint && !line.word(kPolyline)) return false;
+    layer.lineRead = (isPoint ? line.number(layer.pointX) && line.number(layer.pointY)
+                              : line.count(layer.nNodes)) &&
+                     line.end();
+    if (!layer.lineRead) return false;
+    object.kind = isPoint ? ObjectKind::point : ObjectKind::polyline;
+    object.name = isPoint ? kPoint : kPolyline;
     return true;
 }
 
 }  // namespace
 
 void mifScanForObject(mifL_& layer, GisObject& object, bool& centreLast) {
-    centreLast = layer.pointRead = false;
+    centreLast = layer.lineRead = false;
     while (object.kind == ObjectKind::unknown) {
         const bool taken = takePlainLine(layer, object);
         if (!taken && atEnd(layer.mifUnit)) return;

@@ -21,9 +21,9 @@ void gisMifReadHeader(mifL_& layer);
 void gisMifSkipToData(int mifUnit);
 
 /// Finds the next line with an object keyword: sets the kind, count and name of `object`, which is
-/// clear, and the layer's `rest` to what follows the keyword. False, and no rest, when the file
-/// ends without one. A collection, too many polygons, and a line or count that can't be read stop
-/// the run with ERROR 0303, 0304, 0308, 0309, 0321 or 0322.
+/// clear, and the layer's `rest` to what follows the keyword, unless that was read with it. False,
+/// and no rest, when the file ends without one. A collection, too many polygons, and a line or
+/// count that can't be read stop the run with ERROR 0303, 0304, 0308, 0309, 0321 or 0322.
 bool gisMifObjectType(mifL_& layer, GisObject& object);
 
 /// Reads the coordinates of the object (the next part of a multiPolyline, the next point of a

@@ -13,7 +13,7 @@ namespace vantelgis {
 namespace {
 
 constexpr std::string_view kLimited = ".shp polyline or region";
-constexpr std::int64_t kBoxBytes = 32;  // of an object; nothing here needs it
+constexpr std::size_t kBoxBytes = 32;  // of an object; nothing here needs it
 
 // What a failed read is called, while the fixed part of a record is read and while its coordinates
 // are. A count or table that makes no sense is a failed read as well.
@@ -24,14 +24,17 @@ constexpr ReadFailures kReadingCoordinates{
     "ERROR 0430 - End of .shp file encountered whilst reading object coordinates.",
     "ERROR 0429 - Reading .shp file object coordinates."};
 
+// The integer behind `passed` bytes.
+template <std::size_t passed = 0>
 std::int32_t readInteger(int unit, const ReadFailures& messages) {
-    std::int32_t value = 0;
-    gisRequireRead(readValue(unit, value), messages);
-    return value;
+    char bytes[passed + sizeof(std::int32_t)];
+    gisRequireRead(readBytes(unit, bytes, sizeof bytes), messages);
+    return fromLittleEndian<std::int32_t>(bytes + passed);
 }
 
+template <std::size_t passed = 0>
 std::int32_t readCount(int unit, const ReadFailures& messages) {
-    const std::int32_t count = readInteger(unit, messages);
+    const std::int32_t count = readInteger<passed>(unit, messages);
     if (count < 0) gisStop(messages.failed);
     return count;
 }
@@ -62,16 +65,9 @@ void passOverRest(shpL_& shp) {
     shp.unread = 0;
 }
 
-std::int32_t readRecordHead(int unit) {
-    char head[12];  // record number, content length, shape type
-    gisRequireRead(readBytes(unit, head, sizeof head), kReadingType);
-    return fromLittleEndian<std::int32_t>(head + 8);
-}
-
 // The parts' table comes in with the head, so that what is left of the record is points alone.
 void readPolylineHead(shpL_& shp, GisObject& object) {
-    gisRequireRead(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
-    shp.nParts = object.nParts = readCount(shp.shpUnit, kReadingType);
+    shp.nParts = object.nParts = readCount<kBoxBytes>(shp.shpUnit, kReadingType);
     if (shp.nParts >= kMaxParts) {
         gisStop("ERROR 0421 - Exceeded maximum number of parts in a .shp polyline.  Limit is ",
                 kMaxParts);
@@ -87,8 +83,7 @@ void readPolylineHead(shpL_& shp, GisObject& object) {
 // of rings is one of none.
 void readPolygonHead(shpL_& shp, GisObject& object) {
     object.kind = ObjectKind::region;
-    gisRequireRead(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
-    object.nParts = readInteger(shp.shpUnit, kReadingType);
+    object.nParts = readInteger<kBoxBytes>(shp.shpUnit, kReadingType);
     if (object.nParts >= kMaxParts) {
         gisStop("ERROR 0422 - Exceeded maximum number of regions within a .shp region.  Limit is ",
                 kMaxParts);
@@ -101,8 +96,7 @@ void readPolygonHead(shpL_& shp, GisObject& object) {
 // Its points are given one by one, as often as they are asked for.
 void readMultiPointHead(shpL_& shp, GisObject& object) {
     object.kind = ObjectKind::multiPoint;
-    gisRequireRead(skipBytes(shp.shpUnit, kBoxBytes), kReadingType);
-    object.nParts = readCount(shp.shpUnit, kReadingType);
+    object.nParts = readCount<kBoxBytes>(shp.shpUnit, kReadingType);
     shp.unread = object.nParts * kPointBytes;
 }
 
@@ -160,7 +154,8 @@ bool shpObjectType(shpL_& shp, GisObject& object) {
     passOverRest(shp);
     if (atEnd(shp.shpUnit)) return false;  // no byte where a record would begin
     shp.nParts = shp.nextPart = 0;
-    shp.recordType = readRecordHead(shp.shpUnit);
+    constexpr std::size_t kHeadBytes = 8;  // record number and content length
+    shp.recordType = readInteger<kHeadBytes>(shp.shpUnit, kReadingType);
     object.name = shapeName(shp.recordType);
     switch (shp.recordType) {
         case kNullShape: object.kind = ObjectKind::none; break;
