@@ -92,6 +92,8 @@ CASES = [
     ("long-name", "", "l.mif", mif(records='"' + "n" * 101 + '"\n'),
      mif(records='"' + "n" * 100 + '"\n')),
     ("quoted-name", "", "l.mif", mif(records='"a ""b"""\n'), mif(records="\"a 'b'\"\n")),
+    ("quoted-name", "", "l.shp", shp(rows=[('12" a', "b")], fields=[("N", "C", 5), ("B", "C", 1)]),
+     shp(rows=[("12' a", '"')], fields=[("N", "C", 5), ("B", "C", 1)])),
     ("nothing-to-convert", "", "l.mif", mif(POINT), mif(POINT + PLINE, '"a"\n"b"\n')),
     ("nothing-to-convert", "-results", "l.mif", mif(fields="V Float", records="1\n"),
      mif(POINT, "1\n", "V Float")),

@@ -16,6 +16,7 @@ namespace {
 constexpr std::string_view kClosed = "...Closed File Unit:";
 constexpr std::size_t kMostWarnings = 3;
 constexpr std::size_t kLongestPiece = 500;  // of a line that is kept
+constexpr std::size_t kLastPiece = 100;     // of a longer one that comes last
 constexpr std::size_t kOverlap = 64;        // a number may be cut where a long line is
 
 std::int64_t numberBehind(std::string_view line, std::string_view word) {
@@ -46,7 +47,8 @@ class ConsoleReader {
         }
         if (isWarning(line)) takeWarning(line);
         if (!line.empty() && !line.starts_with("Press Enter") && !line.starts_with("Enter command"))
-            text_.lastLine = line.substr(0, kLongestPiece);
+            text_.lastLine =
+                line.size() > kLongestPiece ? line.substr(line.size() - kLastPiece) : line;
         std::rotate(lastLines_.begin(), lastLines_.begin() + 1, lastLines_.end());
         lastLines_.back() = line.substr(0, kLongestPiece);
     }

@@ -16,6 +16,15 @@ struct ResultFacts {
     std::string fault;           ///< why it isn't whole; empty when it is
 
     [[nodiscard]] bool empty() const { return strings == 0 && points == 0; }
+    /// Takes the facts of one more file of the same result.
+    void add(const ResultFacts& more) {
+        strings += more.strings;
+        points += more.points;
+        vertices += more.vertices;
+        asterisks += more.asterisks;
+        touching += more.touching;
+        if (fault.empty()) fault = more.fault;
+    }
 };
 
 /// An archive that a conversion wrote.

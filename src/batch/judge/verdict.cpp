@@ -50,21 +50,11 @@ ResultFacts readLayer(const Case& run, std::string_view name, std::string_view f
     return readShpResult(place(stem + ".shp"), place(stem + ".shx"), place(stem + ".dbf"));
 }
 
-void addFacts(const ResultFacts& more, ResultFacts& facts) {
-    facts.strings += more.strings;
-    facts.points += more.points;
-    facts.vertices += more.vertices;
-    facts.asterisks += more.asterisks;
-    facts.touching += more.touching;
-    if (facts.fault.empty()) facts.fault = more.fault;
-}
-
 void readLayers(Case& run, std::string_view pointLayer) {
     const std::string_view result = run.plan.result;
     run.facts = readLayer(run, result, "L");
     const bool ownPoints = !pointLayer.empty() || inputKindOf(result) == InputKind::shp;
-    if (ownPoints)
-        addFacts(readLayer(run, pointLayer.empty() ? result : pointLayer, "P"), run.facts);
+    if (ownPoints) run.facts.add(readLayer(run, pointLayer.empty() ? result : pointLayer, "P"));
 }
 
 void readSections(Case& run) {
@@ -75,7 +65,7 @@ void readSections(Case& run) {
             continue;
         ResultFacts section = readSectionResult(inFolder(run.scratch.folder(), result.from));
         section.vertices = 0;
-        addFacts(section, run.facts);
+        run.facts.add(section);
     }
 }
 
@@ -144,6 +134,16 @@ std::string difference(const Case& run) {
     return words;
 }
 
+// A full disk has no room for the console's last words either.
+bool failedByFullDisk(const Case& run) {
+    constexpr std::int64_t kNoRoom = 65536;
+    const std::int64_t room = freeSpace(run.scratch.target());
+    if (room < 0 || room > kNoRoom || !run.console.error.empty()) return false;
+    fail(run.record, "There is no room left on the disk of " + run.scratch.target() + ".",
+         std::string(rowOf(Find::noRoom).cure));
+    return true;
+}
+
 bool failedByConsole(Case& run, std::int64_t timeout) {
     const ProcessEnd& end = run.outcome.end;
     const ConsoleText& console = run.console;
@@ -163,6 +163,7 @@ bool failedByConsole(Case& run, std::int64_t timeout) {
     } else if (badStart != console.warnings.end()) {
         fail(run.record, *badStart, helpForMessage(*badStart).cure + ".");
     } else if (!console.finished || end.status != 0) {
+        if (failedByFullDisk(run)) return true;
         const std::string& line = console.error.empty() ? console.lastLine : console.error;
         const MessageHelp help = helpForMessage(line);
         fail(run.record, line.empty() ? "The converter said nothing." : readable(line),

@@ -93,7 +93,7 @@ void readArchive(ArchiveLook& all, bool wantHip) {
     d12OpenArchive(all.archive, enterFolderOf(all.plan.input));
     if (!d12BeginData(all.archive)) {
         all.look.find(Find::wouldStop,
-                      {"0", "WARNING - Problems finding start of data in .12da file"});
+                      {"at its start", "WARNING - Problems finding start of data in .12da file"});
         return;
     }
     std::string_view line;

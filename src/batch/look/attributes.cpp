@@ -37,6 +37,13 @@ std::string withArticle(std::string_view name) {
     return std::string(vowel ? "an " : "a ").append(name);
 }
 
+// What stands behind the item that was taken, up to the next: of a text with a quote in it, which
+// ended the item, all the rest.
+bool wasEndedByQuote(std::string_view record, const FreeFormat& list) {
+    const std::string_view behind = list.rest().substr(0, list.rest().find(','));
+    return record.starts_with('"') && behind.find('"') != std::string_view::npos;
+}
+
 }  // namespace
 
 void AttributeCheck::add(std::int64_t object, std::string_view record) {
@@ -54,7 +61,8 @@ void AttributeCheck::addName(std::int64_t object, std::string_view record) {
     if (item == Item::end && firstBlank_ == 0) firstBlank_ = object;
     if (item == Item::unchanged) ++kept_;
     if (name.size() > kLongestName) ++longNames_;
-    if (name.view().find('"') != std::string_view::npos) ++quotedNames_;
+    if (name.view().find('"') != std::string_view::npos || wasEndedByQuote(record, list))
+        ++quotedNames_;
 }
 
 void AttributeCheck::addNumbers(std::int64_t object, std::string_view record) {

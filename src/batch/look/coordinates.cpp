@@ -43,7 +43,7 @@ void CoordinateCheck::add(std::int64_t object, std::span<const double> x,
             if (outsideObject_ != 0) continue;
             outsideObject_ = object;
             char text[64];
-            std::snprintf(text, sizeof text, "%.10g", value);
+            std::snprintf(text, sizeof text, "%.15g", value);
             outside_ = text;
         }
         if (!fine_) fine_ = isFine(x[i]) || isFine(y[i]);

@@ -44,7 +44,8 @@ void tellReaderStop(std::string_view message, std::int64_t object, std::int32_t 
     if (known == std::end(kKnownStops)) {
         std::string shown(message);
         std::replace(shown.begin(), shown.end(), '\n', ' ');
-        look.find(Find::wouldStop, {grouped(object), readable(inOwnForm(shown))});
+        look.find(Find::wouldStop, {object > 0 ? "at object " + grouped(object) : "at its start",
+                                    readable(inOwnForm(shown))});
         const MessageHelp help = helpForMessage(first);
         if (!help.cure.empty()) look.findings.back().cure = help.cure + ".";
         return;

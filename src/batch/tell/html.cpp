@@ -1,6 +1,7 @@
 #include <cstdio>
 
 #include "batch/files.h"
+#include "batch/tell/output.h"
 #include "batch/tell/plan_view.h"
 #include "batch/tell/reports.h"
 #include "batch/tell/table.h"
@@ -83,8 +84,8 @@ std::string rowText(const Record& record) {
         record.second.empty() ? "" : " = " + std::string(namePart(record.second));
     return "<summary>" + cell(verdictName(record.verdict)) + cell(record.input + second) +
            cell(hasOutput ? namePart(record.output) : "-") + cell(record.kind, "k") +
-           cell(std::to_string(record.objects), "n") + cell(std::to_string(record.vertices), "n") +
-           cell(seconds, "n") + cell(record.reason, "r") + "</summary>";
+           cell(objectsShown(record), "n") + cell(verticesShown(record), "n") + cell(seconds, "n") +
+           cell(record.reason, "r") + "</summary>";
 }
 
 std::string findingsText(const Record& record) {

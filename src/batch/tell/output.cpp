@@ -27,6 +27,17 @@ void printOut(std::string_view text) {
                  std::fflush(stdout) != 0;
 }
 
+std::string objectsShown(const Record& record) {
+    return std::to_string(record.objects) + (record.notLookedAt.empty() ? "" : "+");
+}
+
+// A result was counted whole.
+std::string verticesShown(const Record& record) {
+    const bool whole = record.notLookedAt.empty() || record.verdict == Verdict::well ||
+                       record.verdict == Verdict::suspicious;
+    return std::to_string(record.vertices) + (whole ? "" : "+");
+}
+
 bool outputHasColours() {
     return outputIsTerminal() && environmentText("NO_COLOR").empty();
 }

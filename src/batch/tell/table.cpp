@@ -36,8 +36,8 @@ Row rowOfRecord(const Record& record) {
     return {readable(record.input + second),
             hasOutput ? readable(namePart(record.output)) : "-",
             record.kind,
-            std::to_string(record.objects),
-            std::to_string(record.vertices),
+            objectsShown(record),
+            verticesShown(record),
             time,
             std::string(verdictName(record.verdict)),
             readable(record.reason)};
