@@ -49,7 +49,7 @@ struct BlockForm {
 class VertexTable {
   public:
     VertexTable(ArchiveVertices& vertices, std::int32_t limit) : v_(vertices), limit_(limit) {
-        if (v_.z.empty()) grow();
+        makeRoom();
     }
 
     [[nodiscard]] std::int32_t count() const { return count_; }
@@ -77,17 +77,22 @@ class VertexTable {
         v_.y[i] = vertex.y;
         v_.z[i] = vertex.z;
     }
-    // Room goes by what is there, never by a number from the file.
     void makeRoom() {
-        if (v_.z.size() <= static_cast<std::size_t>(count_)) grow();
+        if (v_.z.size() > static_cast<std::size_t>(count_)) return;
+        if (v_.z.size() == v_.z.capacity()) reserve();
+        v_.x.push_back(0);
+        v_.y.push_back(0);
+        v_.z.push_back(0);
     }
-    void grow() {
+    // Room goes by what is there, never by a number from the file. What isn't used of it takes no
+    // memory yet, but every step copies what is there.
+    void reserve() {
         constexpr std::size_t kFewest = 1024;
         constexpr std::size_t kMost = std::size_t{kMaxVertices} + 1;  // with the closing one
-        const std::size_t room = std::min(std::max(2 * v_.z.size(), kFewest), kMost);
-        v_.x.resize(room);
-        v_.y.resize(room);
-        v_.z.resize(room);
+        const std::size_t room = std::min(std::max(4 * v_.z.size(), kFewest), kMost);
+        v_.x.reserve(room);
+        v_.y.reserve(room);
+        v_.z.reserve(room);
     }
     [[noreturn]] void stopAtLimit() const;
 
