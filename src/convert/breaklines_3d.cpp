@@ -109,8 +109,8 @@ void writeUnsnappedPoints(const BreaklinePoints& points, CheckLayer& unsnapped) 
 void withdrawPoints(const Path& pointsFile, const Path& layerName) {
     Path name = layerName;
     if (hasExtension(layerName, ".shp")) {
-        name = withoutExtension(layerName);
-        name += "_P.shp";
+        name = gisFamilyStem(layerName, 'P');
+        name += ".shp";
     }
     if (pointsFile.view() != name.view()) return;
     for (const Path& file : gisFilesOf(pointsFile)) withdrawInput(file);

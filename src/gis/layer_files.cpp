@@ -30,4 +30,11 @@ std::vector<Path> gisFilesOf(std::string_view name) {
     return files;
 }
 
+Path gisFamilyStem(std::string_view name, char letter) {
+    Path stem = withoutExtension(name);
+    stem += "_";
+    stem += {&letter, 1};
+    return stem;
+}
+
 }  // namespace vantelgis

@@ -12,4 +12,8 @@ namespace vantelgis {
 /// name of any other kind stands alone.
 std::vector<Path> gisFilesOf(std::string_view name);
 
+/// The name, without extension, of the files that hold one shape family of the shapefile `name`:
+/// road_L of road.shp, for the letter L.
+Path gisFamilyStem(std::string_view name, char letter);
+
 }  // namespace vantelgis

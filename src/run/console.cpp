@@ -1,5 +1,6 @@
 #include "run/console.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <utility>

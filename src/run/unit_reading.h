@@ -62,7 +62,7 @@ void rewindUnit(int unit);
 /// Goes back to the start of the line read last.
 void backspaceUnit(int unit);
 
-/// Those of the reads below that need more than the buffer's bytes, or all of these.
+/// What the reads below come to when the buffer holds fewer bytes than they want.
 ReadResult readSplitBytes(OpenFile& file, void* out, std::size_t size);
 ReadResult skipBehindBuffer(OpenFile& file, std::int64_t count);
 std::string_view readRefilled(OpenFile& file, std::size_t most);

@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "run/open_modes.h"
-#include "run/opener_settings.h"
 #include "run/platform.h"
 #include "run/stop.h"
 #include "text/limits.h"

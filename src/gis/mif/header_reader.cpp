@@ -17,7 +17,7 @@ constexpr std::size_t kCountColumn = 8;
 // Version, Charset, Delimiter, CoordSys and Transform stand before it and are passed over: values
 // in the .mid are taken as separated by commas whatever the header says.
 std::int32_t readFieldCount(int mifUnit) {
-    std::string_view line = "XXX";  // no word test holds on it
+    std::string_view line;
     while (!beginsWith(line, "Columns") && !atEnd(mifUnit)) {
         if (readLine(mifUnit, line) != ReadResult::ok)
             gisStop("ERROR 0315 - Could not find start of attribute definitions in .mif file");
@@ -52,7 +52,7 @@ void reportFields(const mifL_& layer) {
 
 // What stands between the fields and Data is no part of any object.
 void readToData(int mifUnit) {
-    std::string_view line = "XXX";
+    std::string_view line;
     while (!beginsWith(line, "Data")) {
         if (readLine(mifUnit, line) != ReadResult::ok)
             gisStop("ERROR 0313 - Could not find start of \"Data\" block in .mif file.");

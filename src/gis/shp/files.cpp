@@ -1,5 +1,6 @@
 #include "gis/shp/files.h"
 
+#include "gis/layer_files.h"
 #include "gis/report.h"
 #include "gis/shp/shape_types.h"
 #include "gis/shp/writer.h"
@@ -65,15 +66,12 @@ void shpOpenFamilies(std::string_view name, std::string_view shapeFamilies, GisL
     const std::string_view letters = withoutTrailingBlanks(shapeFamilies);
     if (letters.empty()) stopAtFamilies();
     for (const char letter : letters) static_cast<void>(familyOf(letter));
-    for (const char& letter : letters) {
+    for (const char letter : letters) {
         const Family& family = familyOf(letter);
         shpL_& shp = layer.shp[family.index];
         if (shp.shpUnit > 0) continue;
         shp.shapeType = family.shapeType;
-        Path stem{withoutExtension(name)};
-        stem += "_";
-        stem += {&letter, 1};
-        openOutputFiles(stem, shp, layer.dbf[family.index]);
+        openOutputFiles(gisFamilyStem(name, letter), shp, layer.dbf[family.index]);
     }
 }
 

@@ -86,9 +86,7 @@ void putBox(int unit, const Box& box) {
 
 // The file counts the nodes at which the parts begin from 0.
 void putPartStarts(int unit, std::span<const std::int32_t> starts) {
-    char* out = reserve(unit, starts.size_bytes());
-    for (const std::int32_t start : starts) out = placeLittle(out, std::max(start, 1) - 1);
-    commit(unit, out);
+    for (const std::int32_t start : starts) putValue(unit, std::max(start, 1) - 1);
 }
 
 void putNodes(int unit, const OutputNodes& nodes) {

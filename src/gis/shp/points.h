@@ -10,7 +10,7 @@ namespace vantelgis {
 /// Bytes of a point in a .shp: x and y, 64-bit floats, low byte first.
 inline constexpr std::int64_t kPointBytes = 16;
 
-/// Reads `count` points into `x` and `y`.
+/// Reads `count` points into `x` and `y`; gives what the first read that failed gave.
 ReadResult shpReadPoints(int unit, double* x, double* y, std::size_t count);
 
 /// Writes `count` points from `x` and `y`.
