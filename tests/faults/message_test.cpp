@@ -149,6 +149,9 @@ TEST(ACallThatCannotBeMet, StopsWithItsMessage) {
         {[&] { open("A ", "new"), open("A ", "new"); },
          "new...OK.  File Unit:1001\n Trying to open file new...OK.  File Unit:1002\n"},
         {[&] { open("A ", "in.mif"); }, "...FAILED.  No File Unit allocated.\n", 0},
+        // Of a line that is typed its end is dropped and no other CR.
+        {[&] { system.typed = "a\rb\r\nin.mif\n", open("I ", "no"); },
+         " CHECK 0008 - \"a\rb\" cannot be found\n"},
         {[&] { open("XX", "in.mif"); }, "...  Unrecognised file type XX file in.mif\n"},
         {[&] { open("A ", "new"), open("O ", "new"); },
          " is already open, close it?   Unable to close file.\n", 1},

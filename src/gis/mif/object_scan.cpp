@@ -57,7 +57,9 @@ void readCounts(std::string_view line, std::size_t c, GisObject& object) {
         return;
     object.nParts = takeCount(line.substr(c), object.nParts);
     if (isRegion && object.nParts > kMaxParts) {
-        stopWith("", "ERROR 0304 - Exceeded maximum number of polygons in region below of 10000",
+        stopWith("",
+                 MessageLine("ERROR 0304 - Exceeded maximum number of polygons in region below of ",
+                             kMaxParts),
                  line);
     }
 }
