@@ -42,6 +42,7 @@ constexpr Keyword kKeywords[] = {
     {"COLLECTION", ObjectKind::unknown},
 };
 constexpr std::string_view kCentre = "CENTER";
+
 std::size_t firstTextColumn(std::string_view line) {
     std::size_t c = 0;
     while (c < line.size() && (line[c] == ' ' || line[c] == '\t')) ++c;
