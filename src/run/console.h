@@ -44,7 +44,7 @@ bool consoleReadLine(TextRef line);
 /// line of standard input. False when standard input was at its end, which ends the wait.
 bool consolePause(std::string_view text);
 
-/// Forgets what was written or read but not yet used; a new run starts so.
+/// Forgets what was written or read but not yet used, for another run in the same process.
 void consoleReset();
 
 /// Has everything that is written from now on handed to `sink` at once, in pieces of any size and

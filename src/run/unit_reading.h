@@ -5,7 +5,6 @@
 #include <cstring>
 #include <string_view>
 
-#include "run/byte_order.h"
 #include "run/units.h"
 #include "text/free_format.h"
 #include "text/limits.h"
@@ -92,15 +91,6 @@ inline std::string_view readSome(int unit, std::size_t most) {
     if (file.end - file.begin < most) return readRefilled(file, most);
     file.begin += most;
     return {file.buffer + file.begin - most, most};
-}
-
-/// One number in the byte order of the unit's mode.
-template <typename Number>
-ReadResult readValue(int unit, Number& value) {
-    char bytes[sizeof(Number)];
-    const ReadResult result = readBytes(unit, bytes, sizeof bytes);
-    if (result == ReadResult::ok) value = valueOf<Number>(bytes, byteOrderOf(*fileOf(unit).mode));
-    return result;
 }
 
 /// Two reals in free format from the next line and, if that holds too few, the ones behind it;

@@ -94,13 +94,13 @@ TEST(UnitReading, LongLines) {
 TEST(UnitReading, Bytes) {
     std::string bytes = std::string("\x01\x02\x03\x04", 4) + std::string(2 * kBufferSize, '.');
     withFile(bytes + "abcdef", "BI", [&](int unit) {
-        std::int32_t value = 0;
-        EXPECT_EQ(readValue(unit, value), ReadResult::ok);
-        EXPECT_EQ(value, 0x04030201);
+        char value[4];
+        EXPECT_EQ(readBytes(unit, value, sizeof value), ReadResult::ok);
+        EXPECT_EQ(std::string(value, sizeof value), bytes.substr(0, sizeof value));
         EXPECT_EQ(skipBytes(unit, 2 * kBufferSize), ReadResult::ok);
         EXPECT_EQ(readSome(unit, 2), "ab");
         EXPECT_EQ(skipBytes(unit, 1), ReadResult::ok);
-        EXPECT_EQ(readValue(unit, value), ReadResult::end);
+        EXPECT_EQ(readBytes(unit, value, sizeof value), ReadResult::end);
         EXPECT_TRUE(atEnd(unit));
         EXPECT_EQ(readSome(unit, 1), "");
         rewindUnit(unit);

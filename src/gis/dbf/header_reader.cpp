@@ -4,6 +4,7 @@
 #include "gis/dbf/reader.h"
 #include "gis/dbf/table_layout.h"
 #include "gis/report.h"
+#include "run/byte_order.h"
 #include "run/console.h"
 #include "run/unit_reading.h"
 #include "text/strings.h"

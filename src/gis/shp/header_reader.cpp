@@ -2,6 +2,7 @@
 
 #include "gis/report.h"
 #include "gis/shp/reader.h"
+#include "run/byte_order.h"
 #include "run/console.h"
 #include "run/opener.h"
 

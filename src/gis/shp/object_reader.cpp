@@ -6,6 +6,7 @@
 #include "gis/shp/points.h"
 #include "gis/shp/reader.h"
 #include "gis/shp/shape_types.h"
+#include "run/byte_order.h"
 #include "run/unit_reading.h"
 
 namespace vantelgis {
