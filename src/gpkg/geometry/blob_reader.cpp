@@ -68,10 +68,10 @@ bool splitType(std::uint32_t code, GeometryHead& head) {
     const std::uint32_t number = code & ~(kZBit | kMBit);
     const std::uint32_t dimensions = number / kZOffset;
     head.type = static_cast<WkbType>(number % kZOffset);
-    head.hasZ = (code & kZBit) != 0 || dimensions == 1 || dimensions == 3;
-    head.hasM = (code & kMBit) != 0 || dimensions == 2 || dimensions == 3;
+    head.hasZ = (code & kZBit) != 0 || (dimensions & 1U) != 0;
+    head.hasM = (code & kMBit) != 0 || (dimensions & 2U) != 0;
     constexpr std::uint32_t kLastType = 17;
-    return dimensions <= 3 && number % kZOffset >= 1 && number % kZOffset <= kLastType;
+    return dimensions <= 3 && number % kZOffset - 1 < kLastType;
 }
 
 BlobResult takeHead(Cursor& cursor, GeometryHead& head) {
@@ -137,7 +137,8 @@ BlobResult takePoint(Cursor& cursor, const GeometryHead& head, Shape& shape) {
 BlobResult takeVertices(Cursor& cursor, const GeometryHead& head, Shape& shape) {
     std::uint32_t count = 0;
     const std::size_t size = head.vertexSize();
-    if (!cursor.take(count) || cursor.bytes.size() / size < count) return BlobResult::cutShort;
+    if (!cursor.take(count) || cursor.bytes.size() < std::uint64_t{count} * size)
+        return BlobResult::cutShort;
     const std::size_t start = shape.vertices.size();
     shape.vertices.resize(start + count);
     const std::span<Vertex> vertices = std::span(shape.vertices).subspan(start);

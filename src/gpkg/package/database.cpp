@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <charconv>
 #include <limits>
 
 #include "gpkg/platform.h"
@@ -39,6 +40,23 @@ constexpr int lengthOf(std::string_view bytes) {
     return bytes.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())
                ? std::numeric_limits<int>::max()
                : static_cast<int>(bytes.size());
+}
+
+// A column is looked up once, as there are many: what that gives is no safe ground for several
+// threads, of which there are none. The pointer of a text has to be asked for first: the conversion
+// to text gives the length.
+std::string_view textOf(sqlite3_value* value) {
+    const unsigned char* const bytes = sqlite3_value_text(value);
+    if (bytes == nullptr) return {};
+    return {reinterpret_cast<const char*>(bytes),
+            static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
+
+std::optional<double> numberOf(std::string_view text) {
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+    return number;
 }
 
 }  // namespace
@@ -110,19 +128,13 @@ double Statement::real(int column) const {
 std::optional<double> Statement::number(int column) const {
     sqlite3_value* const value = sqlite3_column_value(statement_.get(), column);
     const int type = sqlite3_value_type(value);
-    if (type != SQLITE_INTEGER && type != SQLITE_FLOAT) return std::nullopt;
-    return sqlite3_value_double(value);
+    if (type == SQLITE_NULL) return std::nullopt;
+    if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) return sqlite3_value_double(value);
+    return numberOf(textOf(value));
 }
 
-// A column is looked up once, as there are many: what that gives is no safe ground for several
-// threads, of which there are none. The pointer of a text has to be asked for first: the conversion
-// to text gives the length.
 std::string_view Statement::text(int column) const {
-    sqlite3_value* const value = sqlite3_column_value(statement_.get(), column);
-    const unsigned char* const bytes = sqlite3_value_text(value);
-    if (bytes == nullptr) return {};
-    return {reinterpret_cast<const char*>(bytes),
-            static_cast<std::size_t>(sqlite3_value_bytes(value))};
+    return textOf(sqlite3_column_value(statement_.get(), column));
 }
 
 std::string_view Statement::blob(int column) const {

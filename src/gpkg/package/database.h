@@ -41,7 +41,7 @@ class Statement {
     [[nodiscard]] bool isNull(int column) const;
     [[nodiscard]] std::int64_t integer(int column) const;
     [[nodiscard]] double real(int column) const;
-    /// Nothing where the value is no number.
+    /// A number, or a text that is one and no more; nothing where the value is neither.
     [[nodiscard]] std::optional<double> number(int column) const;
     /// The bytes of any value, none of NULL. Views are valid until the next row.
     [[nodiscard]] std::string_view text(int column) const;

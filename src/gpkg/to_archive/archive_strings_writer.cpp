@@ -133,10 +133,13 @@ void ArchiveStringsWriter::writePart(const Feature& feature, std::span<const Ver
 }
 
 std::string_view ArchiveStringsWriter::attribute(const Feature& feature, Attribute which,
-                                                 std::string_view otherwise, std::string& text) {
+                                                 std::string_view otherwise, Value& value) {
     if (!feature.layer->has(which)) return otherwise;
-    if (feature.text(which).empty()) return {};
-    return attributeValue(feature.text(which), text, counts_.changes);
+    const std::string_view text = feature.text(which);
+    if (text.empty() || text == value.plain) return text;
+    const std::string_view written = attributeValue(text, value.changed, counts_.changes);
+    if (written.data() == text.data()) value.plain = text;
+    return written;
 }
 
 // Once for all parts of a feature, of which there may be many.

@@ -43,6 +43,11 @@ class ArchiveStringsWriter {
     [[nodiscard]] const WriteCounts& counts() const { return counts_; }
 
   private:
+    // An attribute that is mostly the same in feature after feature.
+    struct Value {
+        std::string plain;    // the last one that stands in the file as it is
+        std::string changed;  // room for one that doesn't
+    };
     void writePart(const Feature& feature, std::span<const Vertex> vertices, bool is3d);
     void takeTexts(const Feature& feature);
     void writeHead(OutputLine& line, const Feature& feature, bool is3d);
@@ -52,7 +57,7 @@ class ArchiveStringsWriter {
     // A layer without the field says what the converter says; a feature without a value says
     // nothing.
     std::string_view attribute(const Feature& feature, Attribute which, std::string_view otherwise,
-                               std::string& text);
+                               Value& value);
     [[noreturn]] void failAt(const Feature& feature, std::string_view reason) const;
     void requireWritten() const;
 
@@ -61,10 +66,10 @@ class ArchiveStringsWriter {
     int unit_ = 0;
     WriteCounts counts_;
     D12StringHead texts_;  // of the feature being written
-    std::string name_;     // room for the texts of the string being written
-    std::string colour_;
-    std::string style_;
-    std::string breakline_;
+    std::string name_;     // room for it where it has to be changed
+    Value colour_;
+    Value style_;
+    Value breakline_;
 };
 
 }  // namespace vantelgis::gpkg

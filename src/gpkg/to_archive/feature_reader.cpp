@@ -1,7 +1,6 @@
 #include "gpkg/to_archive/feature_reader.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -13,29 +12,22 @@ namespace vantelgis::gpkg {
 
 namespace {
 
-// The columns of a row: number, geometry, then one for each attribute.
-constexpr int kNumberColumn = 0;
-constexpr int kGeometryColumn = 1;
-constexpr int kFirstAttribute = 2;
+// The columns of a row: the attributes from the last one to the first, geometry, number. SQLite
+// finds its way through a record only as far as it is asked to; in this program's own layers, which
+// have them the other way round, it does so once and not for each column anew.
+constexpr int kGeometryColumn = kAttributes;
+constexpr int kNumberColumn = kGeometryColumn + 1;
 
 // Of a text, more than an archive can hold and little enough for millions of rows that share one.
 constexpr std::size_t kMostOfText = 1000;
 
 constexpr int columnOf(Attribute attribute) {
-    return kFirstAttribute + static_cast<int>(attribute);
+    return kGeometryColumn - 1 - static_cast<int>(attribute);
 }
 
-// A number, or a text that is one.
 std::optional<double> numberIn(const Statement& row, Attribute attribute) {
-    std::optional<double> number = row.number(columnOf(attribute));
-    if (!number) {
-        const std::string_view text = row.text(columnOf(attribute));
-        if (text.empty()) return std::nullopt;
-        const auto [end, error] =
-            std::from_chars(text.data(), text.data() + text.size(), number.emplace());
-        if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
-    }
-    return std::isfinite(*number) ? number : std::nullopt;
+    const std::optional<double> number = row.number(columnOf(attribute));
+    return number && std::isfinite(*number) ? number : std::nullopt;
 }
 
 }  // namespace
@@ -56,10 +48,11 @@ std::string_view FeatureReader::defaultModel(const LineLayer& layer) const {
 }
 
 std::string FeatureReader::selection(const LineLayer& layer) const {
-    std::string columns = joined(quotedName(layer.key), ", ", quotedName(layer.geometryColumn));
-    for (const std::string& column : layer.columns)
-        columns += column.empty() ? ", NULL" : ", " + quotedName(column);
-    return joined("SELECT ", columns, " FROM ", quotedName(layer.table));
+    std::string columns;
+    for (auto column = layer.columns.rbegin(); column != layer.columns.rend(); ++column)
+        columns += column->empty() ? "NULL, " : quotedName(*column) + ", ";
+    return joined("SELECT ", columns, quotedName(layer.geometryColumn), ", ", quotedName(layer.key),
+                  " FROM ", quotedName(layer.table));
 }
 
 // The condition ends in a line of its own, so that a comment in it can't swallow what follows.
@@ -92,8 +85,8 @@ void FeatureReader::take(Statement& row, const LineLayer& layer, Feature& featur
     feature.layer = &layer;
     feature.number = row.integer(kNumberColumn);
     feature.shape.clear();
-    if (!row.isNull(kGeometryColumn)) {
-        const std::string_view blob = row.blob(kGeometryColumn);
+    const std::string_view blob = row.blob(kGeometryColumn);
+    if (!blob.empty() || !row.isNull(kGeometryColumn)) {
         countGeometry(blob);
         const BlobResult result = readBlob(blob, feature.shape);
         if (result != BlobResult::taken)
@@ -102,8 +95,10 @@ void FeatureReader::take(Statement& row, const LineLayer& layer, Feature& featur
     }
     feature.chainage = numberIn(row, Attribute::chainage);
     feature.level = numberIn(row, Attribute::z);
-    for (std::size_t i = 0; i < kTextAttributes; ++i)
-        feature.texts[i] = cutUtf8(row.text(columnOf(static_cast<Attribute>(i))), kMostOfText);
+    for (std::size_t i = 0; i < kTextAttributes; ++i) {
+        const std::string_view text = row.text(columnOf(static_cast<Attribute>(i)));
+        feature.texts[i] = text.size() > kMostOfText ? cutUtf8(text, kMostOfText) : text;
+    }
     auto& model = feature.texts[static_cast<std::size_t>(Attribute::model)];
     if (model.empty()) model = defaultModel(layer);
 }
