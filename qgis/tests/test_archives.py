@@ -5,13 +5,14 @@ import math
 import pathlib
 import re
 import sqlite3
+import subprocess
 import unittest
 
-from support import (EXAMPLES, FOLDER, MGA55, MGA56, PLUGINS, ROOT, SITE, Log, layer, processing,
-                     refused, run, strings)
+from support import (EXAMPLES, FOLDER, MGA55, MGA56, PLUGINS, PROGRAMS, ROOT, SITE, Log, layer,
+                     processing, refused, run, strings)
 
 from qgis.core import (QgsApplication, QgsGeometry, QgsLineString, QgsProcessingContext, QgsProject,
-                       QgsVectorLayer)
+                       QgsVectorFileWriter, QgsVectorLayer)
 
 HOLES = 'null -999\nmodel "m"\n' + "".join(
     f"string {kind} {{\n data {{\n{rows}\n }}\n}}\n" for kind, rows in (
@@ -95,6 +96,29 @@ class FromLayers(unittest.TestCase):
                       "style     2", "colour    red"):
             self.assertIn(words, text)
         self.assertNotIn("elevations", log.warnings)
+
+    def test_a_package_of_qgis(self):
+        package, archive = FOLDER / "written.gpkg", FOLDER / "written.12da"
+        options = QgsVectorFileWriter.SaveVectorOptions()
+        for kind, wkt in (("LineStringZ", "LineStringZ(1.5 2 3, 4 5.25 6.125, 7 8 9)"),
+                          ("MultiLineStringZ", "MultiLineStringZ((0 0 1, 3 4 2),(5 5 3, 6 7 5))"),
+                          ("Polygon", "Polygon((0 0, 9 0, 9 9, 0 0))")):
+            options.layerName = kind
+            QgsVectorFileWriter.writeAsVectorFormatV3(
+                layer(kind, "n:int", (wkt, 1)), str(package),
+                QgsProject.instance().transformContext(), options)
+            actions = QgsVectorFileWriter.ActionOnExistingFile
+            options.actionOnExistingFile = actions.CreateOrOverwriteLayer
+        subprocess.run([PROGRAMS / "vantelgis-gpkg", "-q", package, "-o", archive], check=True,
+                       stdin=subprocess.DEVNULL)
+        result, _ = run("archivetolayers", INPUT=str(archive), CRS=MGA55)
+        self.assertEqual(
+            [[(vertex.x(), vertex.y(), height) for vertex, height in
+              zip(line.geometry().vertices(), heights(line))]
+             for line in result["LINES"].getFeatures()],
+            [[(1.5, 2, 3), (4, 5.25, 6.125), (7, 8, 9)], [(0, 0, 1), (3, 4, 2)],
+             [(5, 5, 3), (6, 7, 5)],
+             [(0, 0, None), (9, 0, None), (9, 9, None), (0, 0, None)]])
 
     def test_a_package_in_use_is_left_alone(self):
         package = str(FOLDER / "used.gpkg")

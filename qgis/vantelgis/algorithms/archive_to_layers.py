@@ -1,12 +1,15 @@
 """The strings of an archive as the converter's own layers, with real elevations."""
 
-from qgis.core import (QgsProcessing, QgsProcessingException, QgsProcessingMultiStepFeedback,
-                       QgsProcessingParameterFeatureSink, QgsVectorLayer, QgsWkbTypes)
+import typing
+
+from qgis.core import (QgsCoordinateReferenceSystem, QgsProcessing, QgsProcessingException,
+                       QgsProcessingMultiStepFeedback, QgsProcessingParameterFeatureSink,
+                       QgsVectorLayer, QgsWkbTypes)
 
 from .. import styles
-from ..layers import tables
+from ..layers import systems, tables
 from ..layers.outputs import Outputs
-from ..layers.string_layers import StringLayers
+from ..layers.string_layers import StringLayers, point_counts
 from ..programs import batch
 from ..programs.scratch import scratch_folder
 from .algorithm import Algorithm
@@ -44,11 +47,11 @@ class ArchiveToLayers(Algorithm):
             *(tables.text_field(name, 20) for name in ("Options", "String_Type")))
         steps = QgsProcessingMultiStepFeedback(2, feedback)
         with scratch_folder() as folder, Outputs(self, parameters, context) as outputs:
-            layer, total = _convert(archive, folder, steps)
+            converted = _convert(archive, folder, steps)
             steps.setCurrentStep(1)
-            strings = StringLayers(fields, *(outputs.sink(name, fields, kind, system)
-                                             for name, _, _, kind, _ in RESULTS))
-            strings.read(layer, total, steps)
+            strings = StringLayers(*(outputs.sink(name, fields, kind, system)
+                                     for name, _, _, kind, _ in RESULTS), converted.total, steps)
+            strings.write(*converted.layers, point_counts(converted.order))
             del strings  # it holds the layers open
             results = outputs.put_in_place()
         for name, *_, looks in RESULTS:
@@ -57,15 +60,47 @@ class ArchiveToLayers(Algorithm):
         return results
 
 
+class _Converted(typing.NamedTuple):
+    """What the converter makes of an archive."""
+    layers: list  # of lines and of points; None where there are none
+    order: str    # a layer of both, in which each line stands before its points
+    total: int    # of lines and vertices
+
+
+class _Unheard:
+    """Feedback for a run whose words another one has said already."""
+
+    def __init__(self, feedback):
+        self._feedback = feedback
+
+    def isCanceled(self):
+        """Whether the user has cancelled."""
+        return self._feedback.isCanceled()
+
+    def pushInfo(self, words):
+        """Says nothing."""
+
+    pushWarning = setProgress = pushInfo
+
+
 def _convert(archive, folder, feedback):
-    """The layer that the converter makes of the archive, each line with its points behind it, and
-    about how many features it has: QGIS would read it all to count them."""
+    """Lines and points apart, which QGIS reads four times as fast, and together for their order."""
+    systems.write_system(f"{folder}/Header.prj", QgsCoordinateReferenceSystem())
     with open(f"{folder}/Header.mif", "w", encoding="ascii") as file:
         file.write(NAMELESS)
-    record = batch.convert([archive, "--output-folder", ".", "--", "-mif", "Header.mif"], folder,
-                           feedback)
-    layer = QgsVectorLayer(record["output"], "strings", "ogr")
+    arguments = [archive, "--output-folder", ".", "--"]
+    record = batch.convert([*arguments, "-shp", "Header.prj"], folder, feedback)
+    layers = [_layer(record["files"], ending) for ending in ("_L.shp", "_P.shp")]
+    order = batch.convert([*arguments, "-mif", "Header.mif"], folder, _Unheard(feedback))["output"]
+    return _Converted(layers, order, record["converted"] + record["vertices"])
+
+
+def _layer(files, ending):
+    path = next((file for file in files if file.endswith(ending)), None)
+    if path is None:
+        return None
+    layer = QgsVectorLayer(path, "strings", "ogr")
     if not layer.isValid():
         raise QgsProcessingException(
             f"QGIS can't read the layer that was made: {layer.error().summary()}")
-    return layer, record["converted"] + record["vertices"]
+    return layer

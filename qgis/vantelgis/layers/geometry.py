@@ -5,8 +5,17 @@ import math
 from qgis.core import (QgsAbstractGeometry, QgsCsException, QgsGeometry, QgsGeometryCollection,
                        QgsLineString, QgsMultiLineString, QgsWkbTypes)
 
-PLAIN = (QgsWkbTypes.LineString, QgsWkbTypes.MultiLineString)
+LINE, MULTI_LINE = QgsWkbTypes.LineString, QgsWkbTypes.MultiLineString  # looked up once
 TOLERANCE = 0.01  # between a curve and its segments, in the units of the layer
+
+
+def is_plain_line(geometry, limit):
+    """Whether the geometry is one line of at most `limit` vertices, and nothing else."""
+    kind = geometry.wkbType()
+    if kind not in (LINE, MULTI_LINE):
+        return False
+    shape = geometry.constGet()
+    return 1 < shape.nCoordinates() <= limit and (kind == LINE or shape.partCount() == 1)
 
 
 def without_curves(geometry, tolerance):
@@ -38,11 +47,6 @@ def pieces(line, limit):
         return [line]
     points = line.points()
     return [QgsLineString(points[start:start + limit]) for start in range(0, count - 1, limit - 1)]
-
-
-def longest_part(shape):
-    """The most vertices that a line of the shape has; 0 when it has no line."""
-    return max((line.numPoints() for line in line_strings(shape)), default=0)
 
 
 def multi_line(lines, keep_z=False):

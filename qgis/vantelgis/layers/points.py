@@ -13,7 +13,8 @@ def write_points(path, reader, fields):
     places = [place for _, place in fields]
     without = 0
     for feature, point in reader.points(places):
-        numbers = [number_of(point.z() if place == Z else feature[place]) for place in places]
+        numbers = [number_of(point.constGet().z() if place == Z else feature[place])
+                   for place in places]
         if None in numbers:
             without += 1
         else:

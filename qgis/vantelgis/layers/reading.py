@@ -1,17 +1,17 @@
 """Reads the features of a source as plain lines or points of the target system."""
 
-import math
+from math import isfinite
 
-from qgis.core import (QgsFeatureRequest, QgsProcessingException,
+from qgis.core import (QgsFeatureRequest, QgsGeometry, QgsProcessingException,
                        QgsProcessingFeatureSource, QgsWkbTypes)
 
 from ..refusals import refusal
 from . import systems
-from .geometry import (PLAIN, TOLERANCE, line_strings, multi_line, pieces, transformed,
+from .geometry import (TOLERANCE, is_plain_line, line_strings, multi_line, pieces, transformed,
                        without_curves)
 
 MOST_PARTS = 9999  # of one shape; more become several features
-PROGRESS_EVERY = 256
+LOOK_EVERY = 32  # features, which may be large, between two looks at Cancel
 
 
 class Reader:
@@ -37,30 +37,35 @@ class Reader:
         vertices of a line, beyond which it is refused or else split."""
         transform = self._transform
         for feature, geometry in self._features(fields):
-            shape = geometry.constGet()
             # Nearly all features are one plain line, which needs no copy.
-            plain = (shape.wkbType() in PLAIN and shape.partCount() == 1
-                     and 1 < shape.nCoordinates() <= limit)
-            for part in (geometry,) if plain else self._flat_lines(
-                    feature, geometry, limit, refuse_longer):
+            parts = ((geometry,) if is_plain_line(geometry, limit)
+                     else self._flat_lines(feature, geometry, limit, refuse_longer))
+            for part in parts:
                 if not transformed(part, transform):
                     raise self._nowhere(feature)
                 self.taken += 1
                 yield feature, part
 
     def points(self, fields):
-        """Yields (feature, point) for each point, with its z in the source."""
+        """Yields (feature, geometry) for each point, with its z in the source."""
         for feature, geometry in self._features(fields):
-            if QgsWkbTypes.geometryType(geometry.wkbType()) != QgsWkbTypes.PointGeometry:
+            if geometry.isEmpty():
+                self.empty += 1
+                continue
+            kind = geometry.wkbType()
+            if QgsWkbTypes.geometryType(kind) != QgsWkbTypes.PointGeometry:
                 self.others += 1
                 continue
-            # A point has no length that would show a fault of the transform.
-            transformed(geometry, self._transform)
-            for point in geometry.constParts():
-                if not (math.isfinite(point.x()) and math.isfinite(point.y())):
+            if self._transform:
+                # A point has no length that would show a fault of the transform.
+                transformed(geometry, self._transform)
+            for point in ((geometry,) if QgsWkbTypes.isSingleType(kind)
+                          else map(QgsGeometry, geometry.asGeometryCollection())):
+                shape = point.constGet()
+                if not (isfinite(shape.x()) and isfinite(shape.y())):
                     raise self._nowhere(feature)
                 self.taken += 1
-                yield feature, point.clone()
+                yield feature, point
 
     def report(self, what):
         """Says what became of the features."""
@@ -83,17 +88,17 @@ class Reader:
         total, canceled = self.source.featureCount(), self.feedback.isCanceled
         for number, feature in enumerate(self.source.getFeatures(
                 request, QgsProcessingFeatureSource.FlagSkipGeometryValidityChecks)):
-            if canceled():  # each time, as a feature may be large
-                raise QgsProcessingException("Cancelled: the old result is untouched.")
-            if number % PROGRESS_EVERY == 0 and total > 0:
-                self.feedback.setProgress(100 * number / total)
-            geometry = feature.geometry()
-            if geometry.isEmpty():
-                self.empty += 1
-            else:
-                yield feature, geometry
+            if number % LOOK_EVERY == 0:
+                if canceled():
+                    raise QgsProcessingException("Cancelled: the old result is untouched.")
+                if total > 0:
+                    self.feedback.setProgress(100 * number / total)
+            yield feature, feature.geometry()
 
     def _flat_lines(self, feature, geometry, limit, refuse_longer):
+        if geometry.isEmpty():
+            self.empty += 1
+            return []
         straight = without_curves(geometry, self._tolerance)
         lines = line_strings(straight.constGet())
         if not lines:

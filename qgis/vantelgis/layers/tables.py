@@ -7,6 +7,7 @@ from qgis.core import (Qgis, QgsCoordinateReferenceSystem, QgsCoordinateTransfor
                        QgsVectorFileWriter, QgsWkbTypes)
 from qgis.PyQt.QtCore import QMetaType, QVariant
 
+SHAPEFILE = "ESRI Shapefile"
 LINES = QgsWkbTypes.LineString  # takes lines of several parts as well
 POINTS = QgsWkbTypes.Point
 # In packages, which want one kind for all.
@@ -41,9 +42,12 @@ class Table:
     """A layer that is being written. Its fields are never those of the source, which may be too
     narrow for the values in them."""
 
-    def __init__(self, path, kind, fields, layer="", driver="ESRI Shapefile", system=None):
+    def __init__(self, path, kind, fields, layer="", driver=SHAPEFILE, system=None):
         options = QgsVectorFileWriter.SaveVectorOptions()
         options.driverName, options.fileEncoding, options.layerName = driver, "UTF-8", layer
+        if driver == SHAPEFILE:
+            # The mark behind the last record would be written, and gone back over, at each one.
+            options.layerOptions = ["DBF_EOF_CHAR=NO"]
         if os.path.exists(path):
             actions = QgsVectorFileWriter.ActionOnExistingFile
             options.actionOnExistingFile = actions.CreateOrOverwriteLayer

@@ -19,10 +19,11 @@ def is_null(value):
 
 def number_of(value):
     """A finite number, or None."""
-    if is_null(value):
-        return None
-    number = float(value)
-    return number if math.isfinite(number) else None
+    if not isinstance(value, float):  # nearly all are one
+        if is_null(value):
+            return None
+        value = float(value)
+    return value if math.isfinite(value) else None
 
 
 def text_of(value):
