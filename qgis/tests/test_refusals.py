@@ -39,7 +39,7 @@ REFUSALS = (
     ("breaklines3d", LONG, {"ELEVATION": "z"}, 'INPUT ("long"): feature 1 has a line of 100001'),
     ("results", POINTS, {"VALUE": "n"}, "to_real"),
     ("results", POINTS, {}, 'VALUE ("pits"): choose the field'),
-    ("results", FAR, {"VALUE": "v"}, "too long for their columns"),
+    ("results", FAR, {"VALUE": "v"}, "too long for its columns"),
     ("archivetolayers", "none.12da", {}, "no such file"),
     ("archivetolayers", __file__, {}, "extension .12da or .4da"),
     ("openarchive", SITE, {"CRS": DEGREES}, "counts in degrees"),
