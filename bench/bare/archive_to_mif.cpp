@@ -54,9 +54,13 @@ void archiveToMif(const std::string& in, const std::string& out) {
     Output mif(out + ".mif"), mid(out + ".mid");
     NodeLines lines;
     std::vector<bool> elevated;
-    std::string rest;  // of a row
+    std::string type = "-";  // that of the rest
+    std::string rest;        // of a row
     while (blocks.next()) {
-        rest = ",   0.000,   0.000,\"\",\"" + std::string(blocks.type()) + "\"\r\n";
+        if (blocks.type() != type) {
+            type = blocks.type();
+            rest = ",   0.000,   0.000,\"\",\"" + type + "\"\r\n";
+        }
         putRow(mid, blocks.flat ? blocks.level : kNull, rest);
         lines.clear();
         elevated.clear();

@@ -97,8 +97,13 @@ void archiveToShp(const std::string& in, const std::string& out) {
     Family lines(out + "_L", kPolyLineType), points(out + "_P", kPointType);
     Nodes nodes;
     std::vector<bool> elevated;
+    std::string type = "-";  // that of the rest
+    std::string rest;
     while (blocks.next()) {
-        const std::string rest = restOfRow(blocks.type());
+        if (blocks.type() != type) {
+            type = blocks.type();
+            rest = restOfRow(type);
+        }
         lines.putRow(blocks.flat ? blocks.level : kNull, rest);
         nodes.clear();
         elevated.clear();

@@ -67,6 +67,19 @@ std::uint64_t scaled(std::uint64_t bits) {
     return static_cast<std::uint64_t>((product + almostHalf + odd) >> shift);
 }
 
+template <int Width, int Decimals>
+char* putFixed(char* out, double value);
+
+// A negative number whose field has a column for the sign.
+template <int Width, int Decimals>
+char* putNegative(char* out, double value) {
+    putFixed<Width, Decimals>(out, -value);
+    char* sign = out;
+    while (sign[1] == ' ') ++sign;
+    *sign = '-';
+    return out + Width;
+}
+
 // `value` right-justified in Width columns with Decimals (at most 8) digits behind its point.
 template <int Width, int Decimals>
 char* putFixed(char* out, double value) {
@@ -75,6 +88,8 @@ char* putFixed(char* out, double value) {
     std::uint64_t bits;
     std::memcpy(&bits, &value, sizeof bits);
     if (bits != 0 && !(value > 0x1p-10 && value < kLimit)) {
+        if (value < -0x1p-10 && value > -kLimit / 10)
+            return putNegative<Width, Decimals>(out, value);
         char text[Width + 320];
         std::snprintf(text, sizeof text, "%*.*f", Width, Decimals, value);
         return putText(out, {text, Width});

@@ -1,6 +1,7 @@
 #include "archive/scanner.h"
 
 #include "run/console.h"
+#include "run/plain_line.h"
 #include "run/stop.h"
 #include "run/unit_reading.h"
 #include "text/characters.h"
@@ -65,6 +66,16 @@ void takeAttribute(std::string_view line, D12Object& object) {
     if (!taken(item)) stopAtHeaderLine(line);
 }
 
+// Passes over lines behind a header that say nothing of interest here, as most do: none of the
+// words above stands at their start, and no block begins. A line of any other kind is left to be
+// read, and so is the last one that the buffer holds whole.
+void passOverAttributes(int unit) {
+    const auto mayCount = [](char first) { return first == 'n' || first == 'z' || first == 'c'; };
+    PlainLine line(unit, kShortLineCapacity);
+    while (!mayCount(toLower(*line.text())) && line.passOverWithout('{')) {
+    }
+}
+
 void classifyBlock(std::string_view line, D12Object& object) {
     object.data2d = object.is2d || containsIgnoringCase(line, "data_2d");
     object.data3d = object.is3d || object.isPolyline || containsIgnoringCase(line, "data_3d");
@@ -123,8 +134,11 @@ bool d12BeginObject(std::string_view line, D12Object& object) {
     return true;
 }
 
-bool d12NextAttribute(int unit, std::string_view& line, D12Object& object) {
+namespace {
+
+bool nextAttribute(int unit, std::string_view& line, D12Object& object, bool all) {
     while (!d12BeginsData(line) && !atEnd(unit)) {
+        if (!all) passOverAttributes(unit);
         if (!d12ReadLine(unit, line, kShortLineCapacity)) continue;
         takeAttribute(line, object);
         return true;
@@ -133,9 +147,15 @@ bool d12NextAttribute(int unit, std::string_view& line, D12Object& object) {
     return false;
 }
 
+}  // namespace
+
+bool d12NextAttribute(int unit, std::string_view& line, D12Object& object) {
+    return nextAttribute(unit, line, object, true);
+}
+
 bool d12ObjectType(int unit, std::string_view& line, D12Object& object) {
     if (!d12BeginObject(line, object)) return false;
-    while (d12NextAttribute(unit, line, object)) {
+    while (nextAttribute(unit, line, object, false)) {
     }
     return true;
 }

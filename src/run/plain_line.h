@@ -69,17 +69,32 @@ class PlainLine {
         takeLine(file_, static_cast<std::size_t>(p_ + 1 - file_.buffer));
         return true;
     }
-    /// The line is read whatever it holds; false if its end is not in the buffer.
+    /// The line is read whatever it holds, and the next one is looked at; false if it is not in the
+    /// buffer with a byte behind it.
     bool passOver() {
-        const auto* const lineEnd = static_cast<const char*>(std::memchr(p_, '\n', sizeLeft()));
-        if (lineEnd == nullptr) return false;
-        takeLine(file_, static_cast<std::size_t>(lineEnd + 1 - file_.buffer));
-        return true;
+        const char* const lineEnd = find('\n', sizeLeft());
+        return lineEnd != nullptr && passOverTo(lineEnd);
+    }
+    /// The same of a line that doesn't hold that character.
+    bool passOverWithout(char c) {
+        const char* const lineEnd = find('\n', sizeLeft());
+        return lineEnd != nullptr && find(c, static_cast<std::size_t>(lineEnd - p_)) == nullptr &&
+               passOverTo(lineEnd);
     }
 
   private:
     void skipBlanks() {
         while (*p_ == ' ') ++p_;
+    }
+    [[nodiscard]] const char* find(char c, std::size_t size) const {
+        return static_cast<const char*>(std::memchr(p_, c, size));
+    }
+    bool passOverTo(const char* lineEnd) {
+        p_ = lineEnd;
+        if (sizeLeft() < 2) return false;
+        start_ = ++p_;
+        takeLine(file_, static_cast<std::size_t>(p_ - file_.buffer));
+        return true;
     }
     static constexpr bool endsItem(char c) { return c == ' ' || c == '\r' || c == '\n'; }
     [[nodiscard]] std::size_t sizeLeft() const {

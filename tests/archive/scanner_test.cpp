@@ -1,5 +1,7 @@
 #include "archive/scanner.h"
 
+#include <iterator>
+#include <random>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -7,6 +9,7 @@
 
 #include "archive/vertices.h"
 #include "support/memory_calls.h"
+#include "support/random_inputs.h"
 #include "support/rows.h"
 
 namespace vantelgis {
@@ -53,6 +56,29 @@ void expectObjects(const std::vector<std::pair<std::string, std::string>>& rows,
                    bool nullKeyword = false, bool hexFloats = false) {
     for (const auto& [text, objects] : rows)
         EXPECT_EQ(objectsOf(text, nullKeyword, hexFloats), objects) << text;
+}
+
+// A brace in a comment counts for nothing, but has its line read as any other.
+TEST(Scanner, LinesThatSayNothingArePassedOver) {
+    constexpr std::string_view kHeads[] = {"string 2d {", "string polyline {", "string x {"};
+    constexpr std::string_view kLines[] = {
+        "name \"A\"", "  NAME B ",    "\tname C",   "name",       "z 5",        "Z 7",
+        "z x",        "closed 0",     "chainage 0", "colour red", "data",       "",
+        "data_3d",    "attributes {", "}",          "  data {",   "text \"k\"", " // name D",
+        "   ",        "/x",           "1 2 3",      "data_2d {",  "hipdata {"};
+    std::mt19937_64 random(20240305);
+    for (int i = randomInputs(2000); i > 0; --i) {
+        std::string plain, commented;
+        const auto add = [&](std::string_view line) {
+            plain.append(line) += '\n';
+            commented.append(line) += "//{\n";
+        };
+        for (int n = 0; n < 12; ++n) {
+            if (n % 6 == 0) add(kHeads[random() % std::size(kHeads)]);
+            add(kLines[random() % std::size(kLines)]);
+        }
+        ASSERT_EQ(objectsOf(plain, false, false), objectsOf(commented, false, false)) << plain;
+    }
 }
 
 TEST(Scanner, CountsAThousandCharactersOfALine) {
