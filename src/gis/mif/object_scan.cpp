@@ -65,21 +65,27 @@ void readCounts(std::string_view line, std::size_t c, GisObject& object) {
     }
 }
 
+constexpr std::size_t placeOf(char letter) {
+    return static_cast<std::size_t>(toLower(letter) - 'a');
+}
+constexpr std::uint32_t letterBit(char letter) {
+    return 1U << placeOf(letter);
+}
+
 // For each letter with which one of the words begins the letters that come second: bit 0 stands for
 // A. Few other lines begin so.
-constexpr std::uint32_t letterBit(char letter) {
-    return 1U << (toLower(letter) - 'a');
-}
 constexpr std::array<std::uint32_t, 26> kSecondLetters = [] {
     std::array<std::uint32_t, 26> letters{};
-    const auto add = [&](std::string_view word) { letters[word[0] - 'A'] |= letterBit(word[1]); };
+    const auto add = [&](std::string_view word) {
+        letters[placeOf(word[0])] |= letterBit(word[1]);
+    };
     for (const Keyword& keyword : kKeywords) add(keyword.word);
     add(kCentre);
     return letters;
 }();
 
 bool beginsAWord(const char* text) {
-    return isLetter(text[1]) && (kSecondLetters[toUpper(text[0]) - 'A'] & letterBit(text[1])) != 0;
+    return isLetter(text[1]) && (kSecondLetters[placeOf(text[0])] & letterBit(text[1])) != 0;
 }
 
 // Looks for a keyword at column `c` of the line and moves `c` behind it. True if there is one, that
