@@ -38,7 +38,17 @@ std::int64_t joined(DWORD high, DWORD low) {
     return static_cast<std::int64_t>(std::uint64_t{high} << 32 | low);
 }
 
-// The name of an open file or folder in full, without the mark of long names.
+// The full form of a name as it is said.
+std::string fullAsSaid(const std::string& path) {
+    const std::wstring said = wideText(path);
+    std::wstring full(GetFullPathNameW(said.c_str(), 0, nullptr, nullptr), L'\0');
+    full.resize(
+        GetFullPathNameW(said.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+    return utf8Text(full);
+}
+
+// The name of an open file or folder in full, without the mark of long names. Empty where the
+// system doesn't tell it, as some do of long names and of disks in memory.
 std::string finalName(FileHandle file) {
     std::wstring name(GetFinalPathNameByHandleW(handleOf(file), nullptr, 0, FILE_NAME_NORMALIZED),
                       L'\0');
@@ -75,7 +85,7 @@ std::string behindLinks(const std::string& path) {
     if (file == kNoFile) return path;
     const std::string name = finalName(file);
     closeHandle(file);
-    return name;
+    return name.empty() ? path : name;
 }
 
 bool visitFolder(const std::string& folder, const std::function<void(FolderEntry&&)>& take) {
@@ -181,8 +191,9 @@ std::string absoluteName(const std::string& path) {
     const FileHandle opened =
         openAs(folder, 0, kAllShared, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
     if (opened == kNoFile) return {};
-    const std::string full = finalName(opened);
+    std::string full = finalName(opened);
     closeHandle(opened);
+    if (full.empty()) full = fullAsSaid(folder);
     return isFolder ? full : inFolder(full, name);
 }
 

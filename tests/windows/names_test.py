@@ -148,7 +148,7 @@ def files_of(folder, name, *samples):
     return folder
 
 
-def check_paths(page, program, folder, name):
+def check_paths(page, program, batch, folder, name):
     """Names of 300 characters, with the mark of such names, on another computer."""
     deep = "\\".join([("d" * 90)] * 3) + "\\" + name
     below = folder / deep.replace("\\", "/")
@@ -157,6 +157,11 @@ def check_paths(page, program, folder, name):
     for path, result in ((deep + "\\", "a.12da"), (marked, "b.12da")):
         page.run(folder, program, "-b", "-out", path + result, path + name + "creek.mif")
         assert b"string 2d" in (below / result).read_bytes(), path
+    for path in (deep, marked[:-1]):
+        told = page.run(folder, batch, "--report", f"{path}\\r.html", f"{path}\\{name}creek.mif")
+        for made in (name + "creek.12da", "r.html"):
+            assert (below / made).is_file(), (path, told)
+            (below / made).unlink()
     page.run(folder, program, "-b", "-xs", "-mif", deep + "\\" + name + "sections.12da")
     assert (below / "XS_100.csv").is_file()
     told = page.run(folder, program, "-b", f"\\\\nowhere\\share\\{name}.mif")
@@ -227,7 +232,7 @@ def main():
         check_runs(windows, converter, scratch / "runs", NAMES[page])
         for name, codec, _ in NAMES[page]:
             check_batch(windows, batch, scratch / "batch" / name, name, codec)
-            check_paths(windows, converter, scratch / "paths" / name, name)
+            check_paths(windows, converter, batch, scratch / "paths" / name, name)
         for name in (NAMES[page][0][0], NAMES[page][-2][0]):
             check_typed(windows, converter, scratch / "typed" / name, name)
         programs = [(converter, 0, b"not valid text"), (batch, 2, b""), (icon, 2, b"no text")]
