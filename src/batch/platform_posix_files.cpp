@@ -1,6 +1,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -163,7 +164,8 @@ FileHandle openNamelessFile() {
     const char* const folder = std::getenv("TMPDIR");
     std::string name = inFolder(folder == nullptr ? "/tmp" : folder, "vantelgis-batch-XXXXXX");
     const int file = mkostemp(name.data(), O_CLOEXEC);
-    if (file >= 0) unlink(name.c_str());
+    if (file < 0) return memfd_create("vantelgis-batch", MFD_CLOEXEC);
+    unlink(name.c_str());
     return file;
 }
 
