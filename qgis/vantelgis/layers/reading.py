@@ -11,7 +11,7 @@ from .geometry import (TOLERANCE, is_plain_line, line_strings, multi_line, piece
                        without_curves)
 
 MOST_PARTS = 9999  # of one shape; more become several features
-LOOK_EVERY = 32  # features, which may be large, between two looks at Cancel
+PROGRESS_EVERY = 256
 
 
 class Reader:
@@ -88,11 +88,10 @@ class Reader:
         total, canceled = self.source.featureCount(), self.feedback.isCanceled
         for number, feature in enumerate(self.source.getFeatures(
                 request, QgsProcessingFeatureSource.FlagSkipGeometryValidityChecks)):
-            if number % LOOK_EVERY == 0:
-                if canceled():
-                    raise QgsProcessingException("Cancelled: the old result is untouched.")
-                if total > 0:
-                    self.feedback.setProgress(100 * number / total)
+            if canceled():  # each time, as a feature may be large
+                raise QgsProcessingException("Cancelled: the old result is untouched.")
+            if number % PROGRESS_EVERY == 0 and total > 0:
+                self.feedback.setProgress(100 * number / total)
             yield feature, feature.geometry()
 
     def _flat_lines(self, feature, geometry, limit, refuse_longer):

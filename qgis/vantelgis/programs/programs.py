@@ -1,5 +1,6 @@
 """Finds the programs and runs them, with progress, and an end within a second when it is wanted."""
 
+import contextlib
 import os
 import queue
 import shutil
@@ -7,7 +8,6 @@ import stat
 import subprocess
 import sys
 import threading
-import time
 
 from qgis.core import QgsProcessingException
 
@@ -99,13 +99,14 @@ class Run:
         return self._process.wait()
 
     def end(self):
-        """Asks the program to end, which then ends its own runs, and makes it after a while."""
-        self._process.terminate()
-        until = time.monotonic() + GRACE
-        while self._process.poll() is None and time.monotonic() < until:
-            time.sleep(0.02)
-        self._process.kill()
-        self._process.wait()
+        """Asks the program to end, which then ends its own runs, and makes it after a while. The
+        system may need seconds more to take away what a large file left in memory; nobody has to
+        wait for that."""
+        for stop in (self._process.terminate, self._process.kill):
+            stop()
+            with contextlib.suppress(subprocess.TimeoutExpired):
+                self._process.wait(GRACE)
+                return
 
     def _read(self, stream):
         with stream:
