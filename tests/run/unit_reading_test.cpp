@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <functional>
 #include <limits>
 #include <random>
@@ -125,7 +126,7 @@ TEST(UnitReading, PairsGoOnToTheNextLine) {
 }
 
 // Lines of two numbers, plain ones and others.
-std::string linesOfPairs(int seed) {
+std::string linesOfPairs(std::uint64_t seed) {
     constexpr std::string_view kPieces[] = {"1",  "-2.5", "+3.25", "123456.789012", "1e3", ".5",
                                             "7.", "\t",   "x",     "1.2.3",         "/",   ",",
                                             "",   "\r"};
@@ -158,8 +159,8 @@ std::vector<std::string> pairsIn(const std::string& lines,
 }
 
 TEST(UnitReading, PlainPairsAreReadAsAnyOther) {
-    for (int seed = randomInputs(1); seed > 0; --seed) {
-        const std::string lines = linesOfPairs(seed);
+    for (int n = randomInputs(1); n > 0; --n) {
+        const std::string lines = linesOfPairs(static_cast<std::uint64_t>(n));
         ASSERT_EQ(pairsIn(lines, readPair), pairsIn(lines, readAnyPair));
     }
 }
