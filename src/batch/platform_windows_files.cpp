@@ -17,6 +17,7 @@ using vantelgis::platform::utf8Text;
 using vantelgis::platform::wideText;
 
 constexpr DWORD kAllShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr std::size_t kLongestCurrent = MAX_PATH - 2;      // folder that somebody works in
 constexpr std::int64_t kTicksTo1970 = 116444736000000000;  // of 100 nanoseconds, from 1601
 
 HANDLE handleOf(FileHandle file) {
@@ -38,29 +39,30 @@ std::int64_t joined(DWORD high, DWORD low) {
     return static_cast<std::int64_t>(std::uint64_t{high} << 32 | low);
 }
 
+// In UTF-8, without the mark of long names.
+std::string withoutMark(std::wstring name) {
+    if (name.starts_with(LR"(\\?\UNC\)")) name.replace(0, 8, LR"(\\)");
+    if (name.starts_with(LR"(\\?\)")) name.erase(0, 4);
+    return utf8Text(name);
+}
+
 // The full form of a name as it is said.
 std::string fullAsSaid(const std::string& path) {
     const std::wstring said = wideText(path);
     std::wstring full(GetFullPathNameW(said.c_str(), 0, nullptr, nullptr), L'\0');
     full.resize(
         GetFullPathNameW(said.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-    return utf8Text(full);
+    return withoutMark(std::move(full));
 }
 
-// The name of an open file or folder in full, without the mark of long names. Empty where the
-// system doesn't tell it, as some do of long names and of disks in memory.
+// The name of an open file or folder in full; empty where the system doesn't tell it.
 std::string finalName(FileHandle file) {
     std::wstring name(GetFinalPathNameByHandleW(handleOf(file), nullptr, 0, FILE_NAME_NORMALIZED),
                       L'\0');
     name.resize(GetFinalPathNameByHandleW(handleOf(file), name.data(),
                                           static_cast<DWORD>(name.size()), FILE_NAME_NORMALIZED));
-    if (name.starts_with(LR"(\\?\UNC\)")) name.replace(0, 8, LR"(\\)");
-    if (name.starts_with(LR"(\\?\)")) name.erase(0, 4);
-    return utf8Text(name);
+    return withoutMark(std::move(name));
 }
-
-// The longest name that a folder may have which somebody works in.
-constexpr std::size_t kLongestCurrent = MAX_PATH - 2;
 
 }  // namespace
 
@@ -187,7 +189,8 @@ std::int64_t freeSpace(const std::string& folder) {
 std::string absoluteName(const std::string& path) {
     const std::string_view name = namePart(path);
     const bool isFolder = name.empty() || name == "." || name == "..";
-    const std::string folder = isFolder ? path : folderPart(path);
+    // Behind the mark of long names a dot would be a name like others.
+    const std::string folder = isFolder && name != "." ? path : folderPart(path);
     const FileHandle opened =
         openAs(folder, 0, kAllShared, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
     if (opened == kNoFile) return {};
