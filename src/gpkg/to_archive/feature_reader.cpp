@@ -49,8 +49,8 @@ std::string_view FeatureReader::defaultModel(const LineLayer& layer) const {
 
 std::string FeatureReader::selection(const LineLayer& layer) const {
     std::string columns;
-    for (auto column = layer.columns.rbegin(); column != layer.columns.rend(); ++column)
-        columns += column->empty() ? "NULL, " : quotedName(*column) + ", ";
+    for (std::size_t i = kAttributes; i-- > 0;)
+        columns += layer.columns[i].empty() ? "NULL, " : quotedName(layer.columns[i]) + ", ";
     return joined("SELECT ", columns, quotedName(layer.geometryColumn), ", ", quotedName(layer.key),
                   " FROM ", quotedName(layer.table));
 }
