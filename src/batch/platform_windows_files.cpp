@@ -35,6 +35,19 @@ void closeHandle(FileHandle file) {
     if (file != kNoFile) CloseHandle(handleOf(file));
 }
 
+// A scanner, or a process that is just ending, may hold a file for a moment.
+template <typename Attempt>
+bool patiently(Attempt attempt) {
+    constexpr DWORD kPauses[] = {1, 5, 20, 80, 300};  // milliseconds
+    for (const DWORD pause : kPauses) {
+        if (attempt()) return true;
+        const DWORD failure = GetLastError();
+        if (failure != ERROR_SHARING_VIOLATION && failure != ERROR_ACCESS_DENIED) return false;
+        Sleep(pause);
+    }
+    return attempt();
+}
+
 std::int64_t joined(DWORD high, DWORD low) {
     return static_cast<std::int64_t>(std::uint64_t{high} << 32 | low);
 }
@@ -111,16 +124,19 @@ bool makeFolder(const std::string& path) {
 }
 
 bool removeFile(const std::string& path) {
-    return DeleteFileW(systemName(path).c_str()) != 0;
+    const std::wstring name = systemName(path);
+    return patiently([&] { return DeleteFileW(name.c_str()) != 0; });
 }
 
 bool removeEmptyFolder(const std::string& path) {
-    return RemoveDirectoryW(systemName(path).c_str()) != 0;
+    const std::wstring name = systemName(path);
+    return patiently([&] { return RemoveDirectoryW(name.c_str()) != 0; });
 }
 
 bool renameFile(const std::string& from, const std::string& to) {
-    return MoveFileExW(systemName(from).c_str(), systemName(to).c_str(),
-                       MOVEFILE_REPLACE_EXISTING) != 0;
+    const std::wstring old = systemName(from), name = systemName(to);
+    return patiently(
+        [&] { return MoveFileExW(old.c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING) != 0; });
 }
 
 bool linkSecondName(const std::string& file, const std::string& name) {

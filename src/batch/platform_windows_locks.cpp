@@ -32,9 +32,14 @@ bool LockFile::take(const std::string& path) {
     return file_ != kNoFile;
 }
 
+// In one step, so that nobody takes the file in between and keeps it from being removed.
 void LockFile::removeAndRelease() {
+    FILE_DISPOSITION_INFO removed{TRUE};
+    const bool done =
+        SetFileInformationByHandle(reinterpret_cast<HANDLE>(file_), FileDispositionInfo, &removed,
+                                   sizeof removed) != 0;
     release();
-    removeFile(path_);
+    if (!done) removeFile(path_);
 }
 
 void LockFile::release() {
