@@ -12,6 +12,9 @@ namespace vantelgis {
 
 namespace {
 
+constexpr std::string_view kData = "data";
+constexpr std::string_view kPlainBlock = "data {";
+
 constexpr bool contains(std::string_view line, char c) {
     return line.find(c) != std::string_view::npos;
 }
@@ -35,11 +38,12 @@ constexpr HeaderWord kHeaderWords[] = {
     {"polyline", &D12Object::isPolyline},
 };
 
-// Most strings have the same header as the one before.
+// Most strings have the same header as the one before, which is kept unless data begin in it too.
 void takeHeader(std::string_view line, D12Object& object) {
     object.typeText = d12TypeText(line);
     if (object.header == line) return;
-    object.header = line.size() <= object.header.capacity() ? line : std::string_view{};
+    const bool kept = line.size() <= object.header.capacity() && !d12BeginsData(line);
+    object.header = kept ? line : std::string_view{};
     object.is2d = object.is3d = object.isSuper = object.isPolyline = false;
     for (const HeaderWord& row : kHeaderWords)
         if (containsIgnoringCase(line, row.word)) object.*row.flag = true;
@@ -66,20 +70,58 @@ void takeAttribute(std::string_view line, D12Object& object) {
     if (!taken(item)) stopAtHeaderLine(line);
 }
 
-// Passes over lines behind a header that say nothing of interest here, as most do: none of the
-// words above stands at their start, and no block begins. A line of any other kind is left to be
-// read, and so is the last one that the buffer holds whole.
-void passOverAttributes(int unit) {
-    const auto mayCount = [](char first) { return first == 'n' || first == 'z' || first == 'c'; };
-    PlainLine line(unit, kShortLineCapacity);
-    while (!mayCount(toLower(*line.text())) && line.passOverWithout('{')) {
-    }
+// Takes a line of nothing but a name in quotes.
+bool takePlainName(PlainLine& line, D12Object& object) {
+    std::string_view name;
+    if (!line.word("name") || !line.quoted(name) || !line.end()) return false;
+    object.name = name;
+    return true;
 }
 
+// Passes over lines behind a header that say nothing of interest here, as most do: none of the
+// words above stands at their start, and no data begin. A plain name and the plain first line of
+// data, which is then true, are taken too. A line of any other kind is left to be read, and so is
+// the last one that the buffer holds whole.
+bool takePlainAttributes(int unit, D12Object& object) {
+    const auto mayCount = [&object](char c) {
+        const char first = toLower(c);
+        return first == 'n' || first == 'z' || (first == 'c' && object.isPolyline);
+    };
+    PlainLine line(unit, kShortLineCapacity);
+    for (bool taken = true; taken;) {
+        line.passOverLinesWithout('{', mayCount);
+        if (line.exactly(kPlainBlock)) return line.end();
+        taken = mayCount(*line.text())
+                    ? takePlainName(line, object)
+                    : !containsIgnoringCase(line.rest(), kData) && line.passOver();
+    }
+    return false;
+}
+
+// Passes over lines without a brace, which begin no string, and takes the next one if it is the
+// very header of the string before.
+bool takeSameHeader(int unit, D12Object& object) {
+    PlainLine line(unit, kShortLineCapacity);
+    line.passOverLinesWithout('{', [](char) { return false; });
+    if (object.header.blank() || !line.exactly(object.header) || !line.end()) return false;
+    object.isString = true;
+    object.typeText = d12TypeText(object.header);
+    return true;
+}
+
+// What a string, or a further block of one, has as long as no line says otherwise.
+void startBlock(D12Object& object) {
+    object.closed = object.isPolyline;
+    object.level = kNullElevation;
+}
+
+// Nearly all data begin with a line that has the one word alone.
 void classifyBlock(std::string_view line, D12Object& object) {
-    object.data2d = object.is2d || containsIgnoringCase(line, "data_2d");
-    object.data3d = object.is3d || object.isPolyline || containsIgnoringCase(line, "data_3d");
-    object.hipData = containsIgnoringCase(line, "hipdata");
+    const bool plain = line == kPlainBlock;
+    object.data2d = object.is2d || (!plain && containsIgnoringCase(line, "data_2d"));
+    object.data3d =
+        object.is3d || object.isPolyline || (!plain && containsIgnoringCase(line, "data_3d"));
+    object.hipData = !plain && containsIgnoringCase(line, "hipdata");
 }
 
 }  // namespace
@@ -105,7 +147,7 @@ bool d12ReadLine(int unit, std::string_view& line, std::size_t capacity) {
 }
 
 bool d12BeginsData(std::string_view line) {
-    return contains(line, '{') && containsIgnoringCase(line, "data");
+    return line == kPlainBlock || (contains(line, '{') && containsIgnoringCase(line, kData));
 }
 
 // The braces come first: nearly all lines that are passed over have none.
@@ -129,8 +171,7 @@ bool d12BeginObject(std::string_view line, D12Object& object) {
         }
         takeHeader(line, object);
     }
-    object.closed = object.isPolyline;
-    object.level = kNullElevation;
+    startBlock(object);
     return true;
 }
 
@@ -138,13 +179,22 @@ namespace {
 
 bool nextAttribute(int unit, std::string_view& line, D12Object& object, bool all) {
     while (!d12BeginsData(line) && !atEnd(unit)) {
-        if (!all) passOverAttributes(unit);
+        if (!all && takePlainAttributes(unit, object)) {
+            line = kPlainBlock;
+            break;
+        }
         if (!d12ReadLine(unit, line, kShortLineCapacity)) continue;
         takeAttribute(line, object);
         return true;
     }
     classifyBlock(line, object);
     return false;
+}
+
+// Goes on to the line with which data begin.
+void findBlock(int unit, std::string_view& line, D12Object& object) {
+    while (nextAttribute(unit, line, object, false)) {
+    }
 }
 
 }  // namespace
@@ -155,13 +205,18 @@ bool d12NextAttribute(int unit, std::string_view& line, D12Object& object) {
 
 bool d12ObjectType(int unit, std::string_view& line, D12Object& object) {
     if (!d12BeginObject(line, object)) return false;
-    while (nextAttribute(unit, line, object, false)) {
-    }
+    findBlock(unit, line, object);
     return true;
 }
 
 bool d12NextObject(int unit, std::string_view& line, D12Object& object) {
     while (!atEnd(unit)) {
+        if (!object.dataFollows && takeSameHeader(unit, object)) {
+            startBlock(object);
+            line = {};  // the header needn't be looked at for data again
+            findBlock(unit, line, object);
+            return true;
+        }
         if (d12ReadLine(unit, line, kShortLineCapacity) && d12ObjectType(unit, line, object))
             return true;
     }

@@ -13,7 +13,7 @@ namespace vantelgis {
 
 /// The string being read. A conversion owns one and passes it to every call.
 struct D12Object {
-    Text<100> header;       ///< in which the words below were looked for; blank if it was longer
+    Text<100> header;       ///< the last one; blank if it was longer, or data begin in it too
     bool isString = false;  ///< the line looked at last was a string's header
     bool is2d = false;      ///< the header has a word for strings of two numbers a vertex
     bool is3d = false;      ///< the header has a word for strings of three numbers a vertex

@@ -112,10 +112,9 @@ void VertexTable::stopAtLimit() const {
     stopRun();
 }
 
-// Reads the next line if it is of the common kind, in which there is nothing but the numbers and
-// perhaps a null for the elevation.
-bool takePlainLine(int unit, const BlockForm& form, Vertex& vertex) {
-    PlainLine line(unit, kPlainCapacity);
+// Takes a line of the common kind, in which there is nothing but the numbers and perhaps a null for
+// the elevation.
+bool takePlainLine(PlainLine& line, const BlockForm& form, Vertex& vertex) {
     if (!line.number(vertex.x) || !line.number(vertex.y)) return false;
     if (!form.threeNumbers) {
         vertex.z = form.level;
@@ -124,6 +123,14 @@ bool takePlainLine(int unit, const BlockForm& form, Vertex& vertex) {
         vertex.z = kNullElevation;
     }
     return line.end();
+}
+
+// Takes lines of the common kind, and the one behind them if that has the brace that ends the
+// block: true, and whatever else it holds is of no interest.
+bool takePlainLines(int unit, const BlockForm& form, VertexTable& table) {
+    PlainLine line(unit, kPlainCapacity);
+    for (Vertex vertex; takePlainLine(line, form, vertex); table.add(vertex)) table.checkLimit();
+    return line.begins('}') && line.passOver();
 }
 
 // The line with each `null` replaced; what doesn't fit is cut.
@@ -168,39 +175,29 @@ BlockForm formOf(const Archive& archive, const D12Object& object) {
     return {threeNumbers, threeNumbers && archive.nullKeyword, archive.hexFloats, object.level};
 }
 
-enum class LineUse { vertex, none, blockEnd };
-
-LineUse takeLine(int unit, std::string_view line, const BlockForm& form, VertexTable& table) {
+// Takes any line; false if the block ends there.
+bool takeLine(int unit, std::string_view line, const BlockForm& form, VertexTable& table) {
     line = d12CountingPart(line.substr(0, kVertexLineCapacity));
-    if (line.empty()) return LineUse::none;
-    if (contains(line, '}')) return LineUse::blockEnd;
+    if (line.empty()) return true;
+    if (contains(line, '}')) return false;
     const Text<kVertexLineCapacity> held = line;  // what the unit holds moves in the next test
     // No brace ends the block: the file is cut off, and perhaps this very line.
-    if (atEnd(unit)) return LineUse::blockEnd;
+    if (atEnd(unit)) return false;
     table.checkLimit();
     Vertex vertex = table.next();
     takeVertexLine(held, form, vertex);
     table.add(vertex);
-    return LineUse::vertex;
+    return true;
 }
 
 // Reads up to the end of the block. False when the file ends before its first line.
 bool readBlock(int unit, const BlockForm& form, VertexTable& table) {
-    LineUse use = LineUse::none;
-    while (use != LineUse::blockEnd) {
-        Vertex vertex;
-        if (takePlainLine(unit, form, vertex)) {
-            table.checkLimit();
-            table.add(vertex);
-            use = LineUse::vertex;
-            continue;
-        }
+    while (!takePlainLines(unit, form, table)) {
         std::string_view line;
-        if (!d12NextLine(unit, line)) break;
-        const LineUse next = takeLine(unit, line, form, table);
-        if (next != LineUse::none) use = next;
+        if (!d12NextLine(unit, line)) return table.count() > 0;
+        if (!takeLine(unit, line, form, table)) break;
     }
-    return use != LineUse::none;
+    return true;
 }
 
 // Looks for a further data block of a super string and stops in front of it.

@@ -12,7 +12,7 @@ bool ArchiveStrings::readVertices() {
     return true;
 }
 
-void writePolyline(ArchiveStrings& run, int layer, std::string_view row) {
+void writePolyline(ArchiveStrings& run, int layer, const NumberRow& row) {
     gisWriteObject(layer, {.kind = ObjectKind::polyline}, run.nodes, row);
 }
 

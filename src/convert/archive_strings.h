@@ -29,7 +29,7 @@ struct ArchiveStrings {
 };
 
 /// Writes the vertices as a polyline with its row.
-void writePolyline(ArchiveStrings& run, int layer, std::string_view row);
+void writePolyline(ArchiveStrings& run, int layer, const NumberRow& row);
 
 /// An attribute row: an elevation and `rest`, which is the same for all points of a string.
 class ElevationRow {
@@ -40,7 +40,6 @@ class ElevationRow {
     /// Changes a character of the rest, counted from 0.
     void setInRest(std::size_t i, char c) { row_.overwrite(kElevationWidth + i, {&c, 1}); }
 
-    operator std::string_view() const { return row_; }
     operator NumberRow() const { return {row_, kElevationWidth}; }
 
   private:

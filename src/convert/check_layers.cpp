@@ -28,7 +28,8 @@ void CheckLayer::addLine(const GisObject& object, const ObjectNodes& nodes, floa
     GisObject line{.name = object.name};
     line.kind = object.kind == ObjectKind::line ? ObjectKind::line : ObjectKind::polyline;
     nodes_.assign(nodes.xs(), nodes.ys());
-    gisWriteObject(layer_, line, nodes_, FixedText(static_cast<double>(elevation), 16, 3));
+    const FixedText z(static_cast<double>(elevation), 16, 3);
+    gisWriteObject(layer_, line, nodes_, {z, std::string_view(z).size()});
     used_ = true;
 }
 

@@ -124,8 +124,8 @@ void convertObject(CrossSections& run, std::string_view line) {
     writeSection(strings, path);
     writePolyline(
         strings, run.lineLayer,
-        Joined<Line::capacity()>("\"", path,
-                                 R"(","xz","","","","","","","",     0.000,   0.000,   0.000,"")"));
+        {Joined<Line::capacity()>(
+            "\"", path, R"(","xz","","","","","","","",     0.000,   0.000,   0.000,"")")});
     writePoints(run, path);
     ++strings.converted;
 }

@@ -17,10 +17,10 @@ using FieldDefinitions = std::span<const FieldDefinition>;
 
 /// An attribute row that begins with a number field: one word with no more than blanks before it.
 /// The rest of the row begins with its comma, or there is none. Rows that follow one another are
-/// written fastest when they have the same rest.
+/// written fastest when they have the same rest. Any other row has a number of no width.
 struct NumberRow {
     std::string_view text;
-    std::size_t numberWidth;
+    std::size_t numberWidth = 0;
     [[nodiscard]] std::string_view number() const { return text.substr(0, numberWidth); }
     [[nodiscard]] std::string_view rest() const { return text.substr(numberWidth); }
 };

@@ -97,13 +97,13 @@ bool gisAtEnd(int gisID) {
     return atEnd(layer.kind == GisKind::mif ? layer.mif.mifUnit : layer.shp[0].shpUnit);
 }
 
-void gisWriteObject(int gisID, const GisObject& object, OutputNodes& nodes, std::string_view row) {
+void gisWriteObject(int gisID, const GisObject& object, OutputNodes& nodes, const NumberRow& row) {
     GisLayer& layer = usableLayer(gisID, "gisWriteObject");
     if (object.isLineLike() || object.kind == ObjectKind::region)
         checkParts(gisID, object.partStarts);
     checkNodes(object, nodes);
     if (layer.kind == GisKind::mif) {
-        gisMifWriteObject(layer.mif, object, nodes, row);
+        gisMifWriteObject(layer.mif, object, nodes, row.text);
     } else {
         shpWriteLayerObject(layer, object, nodes, row);
     }

@@ -41,7 +41,7 @@ bool gisAtEnd(int gisID);
 
 /// Writes an object with these nodes, and `row` as its attribute record: a line of comma-separated
 /// text. A text object shows the row and lies at the second node, its box ends at the third.
-void gisWriteObject(int gisID, const GisObject& object, OutputNodes& nodes, std::string_view row);
+void gisWriteObject(int gisID, const GisObject& object, OutputNodes& nodes, const NumberRow& row);
 
 /// Writes a point at node `i` (from 0) of these nodes, and its row.
 void gisWritePoint(int gisID, const OutputNodes& nodes, std::size_t i, const NumberRow& row);

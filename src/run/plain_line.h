@@ -8,6 +8,7 @@
 
 #include "run/unit_reading.h"
 #include "text/characters.h"
+#include "text/find_either.h"
 #include "text/plain_decimal.h"
 
 namespace vantelgis {
@@ -60,13 +61,35 @@ class PlainLine {
         p_ = p;
         return true;
     }
-    /// True if the line ends here, but for blanks; it is then the one read last.
+    /// Those very characters behind blanks; others are left where they are.
+    bool exactly(std::string_view wanted) {
+        skipBlanks();
+        if (sizeLeft() < wanted.size() || std::memcmp(p_, wanted.data(), wanted.size()) != 0)
+            return false;
+        p_ += wanted.size();
+        return true;
+    }
+    /// A text in double quotes behind blanks that holds neither quote nor slash.
+    bool quoted(std::string_view& target) {
+        skipBlanks();
+        if (*p_ != '"') return false;
+        const char* const first = p_ + 1;
+        const char* last = first;
+        while (*last != '"' && *last != '/' && *last != '\n' && *last != '\0') ++last;
+        if (*last != '"') return false;
+        target = {first, static_cast<std::size_t>(last - first)};
+        p_ = last + 1;
+        return true;
+    }
+    /// True if the line ends here, but for blanks; it is then the one read last, and the next one
+    /// is looked at.
     bool end() {
         skipBlanks();
         const bool fits = p_ - start_ <= capacity_;
         if (*p_ == '\r') ++p_;
         if (!fits || *p_ != '\n' || sizeLeft() < 2) return false;
-        takeLine(file_, static_cast<std::size_t>(p_ + 1 - file_.buffer));
+        start_ = ++p_;
+        takeLine(file_, static_cast<std::size_t>(p_ - file_.buffer));
         return true;
     }
     /// The line is read whatever it holds, and the next one is looked at; false if it is not in the
@@ -75,11 +98,33 @@ class PlainLine {
         const char* const lineEnd = find('\n', sizeLeft());
         return lineEnd != nullptr && passOverTo(lineEnd);
     }
-    /// The same of a line that doesn't hold that character.
-    bool passOverWithout(char c) {
+    /// The same of all lines up to one that holds `c`, or whose first character behind blanks
+    /// `counts` is true of.
+    template <typename Counts>
+    void passOverLinesWithout(char c, Counts counts) {
+        const char* const end = p_ + sizeLeft();
+        const char* last = nullptr;
+        std::int64_t nLines = 0;
+        for (const char* found; !counts(*text()); start_ = p_ = found + 1, ++nLines) {
+            found = findEither(p_, end, '\n', c);
+            if (*found != '\n' || end - found < 2) break;
+            last = start_;
+        }
+        if (nLines == 0) return;
+        file_.begin = static_cast<std::size_t>(last - file_.buffer);
+        takeLine(file_, static_cast<std::size_t>(start_ - file_.buffer));
+        file_.lineNumber += nLines - 1;
+    }
+    /// What is left of the line, with its end; empty if that is not in the buffer.
+    [[nodiscard]] std::string_view rest() const {
         const char* const lineEnd = find('\n', sizeLeft());
-        return lineEnd != nullptr && find(c, static_cast<std::size_t>(lineEnd - p_)) == nullptr &&
-               passOverTo(lineEnd);
+        if (lineEnd == nullptr) return {};
+        return {p_, static_cast<std::size_t>(lineEnd + 1 - p_)};
+    }
+    /// The first character behind blanks, if the capacity reaches so far, is that one.
+    bool begins(char c) {
+        skipBlanks();
+        return *p_ == c && p_ - start_ < capacity_;
     }
 
   private:

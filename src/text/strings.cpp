@@ -89,7 +89,7 @@ std::size_t findIgnoringCase(std::string_view s, std::string_view wanted) {
 }
 
 bool containsIgnoringCase(std::string_view line, std::string_view word) {
-    return findIgnoringCase(line, word) != std::string_view::npos;
+    return beginsWith(line, word) || findIgnoringCase(line, word) != std::string_view::npos;
 }
 
 bool looselyEqual(std::string_view a, std::string_view b, LetterCase letters) {

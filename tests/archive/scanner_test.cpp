@@ -58,24 +58,29 @@ void expectObjects(const std::vector<std::pair<std::string, std::string>>& rows,
         EXPECT_EQ(objectsOf(text, nullKeyword, hexFloats), objects) << text;
 }
 
-// A brace in a comment counts for nothing, but has its line read as any other.
+// A comment counts for nothing, but with a brace and the word in it has its line read as any other.
 TEST(Scanner, LinesThatSayNothingArePassedOver) {
-    constexpr std::string_view kHeads[] = {"string 2d {", "string polyline {", "string x {"};
+    constexpr std::string_view kHeads[] = {"string 2d {", "string polyline {", "string x {",
+                                           "string super {", "  string 2d {  "};
     constexpr std::string_view kLines[] = {
         "name \"A\"", "  NAME B ",    "\tname C",   "name",       "z 5",        "Z 7",
         "z x",        "closed 0",     "chainage 0", "colour red", "data",       "",
         "data_3d",    "attributes {", "}",          "  data {",   "text \"k\"", " // name D",
-        "   ",        "/x",           "1 2 3",      "data_2d {",  "hipdata {"};
+        "   ",        "/x",           "1 2 3",      "data_2d {",  "hipdata {",  "data {",
+        "} 1",        "data { 1",     "name E/F",   "name \"\"",  "{ data_3d",  "name \"G"};
+    constexpr std::string_view kNames[] = {R"(name "A//B")", R"(name "C""D")", R"( Name "E F " )"};
     std::mt19937_64 random(20240305);
     for (int i = randomInputs(2000); i > 0; --i) {
         std::string plain, commented;
         const auto add = [&](std::string_view line) {
-            plain.append(line) += '\n';
-            commented.append(line) += "//{\n";
+            const char* const end = random() % 2 == 0 ? "\n" : "\r\n";
+            plain.append(line) += end;
+            commented.append(line).append("//{data") += end;
         };
         for (int n = 0; n < 12; ++n) {
             if (n % 6 == 0) add(kHeads[random() % std::size(kHeads)]);
             add(kLines[random() % std::size(kLines)]);
+            if (n % 6 == 1) add(kNames[random() % std::size(kNames)]);
         }
         ASSERT_EQ(objectsOf(plain, false, false), objectsOf(commented, false, false)) << plain;
     }

@@ -49,16 +49,6 @@ TEST(DbfSplit, KeepsWhatStandsBehindAnEqualRest) {
     checkRows(next, "3a,b,c,d -> |a|b|c", "3x,b,c,d -> |x|b|c", "4y,b,c,d -> |y|b|c|d",
               "42*z,b,c,d -> |z|z|b|c", "3q,b,c,d -> |q|b|c", "3,b,c,d -> |q|b|c", "3r -> |r|b|c",
               "3s,5 -> |s|5|c", "3t -> |t|5|c");
-    // The same row, taken apart before, is split alike.
-    for (const std::string_view rest : {",x , 'y,z'", ",b,c", ",,d", ",2*e", ""}) {
-        const std::string row = "   -1.5" + std::string(rest);
-        RecordItems whole, apart;
-        EXPECT_TRUE(dbfSplitRecord("a,b,c", 3, whole) && dbfSplitRecord("a,b,c", 3, apart));
-        EXPECT_TRUE(dbfSplitRecord(row, 3, whole) && dbfSplitRecord(NumberRow{row, 7}, 3, apart));
-        EXPECT_EQ(joined(apart, 3), joined(whole, 3)) << row;
-        EXPECT_EQ(apart.rest, whole.rest.view());
-        EXPECT_EQ(apart.nSplits, whole.nSplits);
-    }
 }
 
 }  // namespace

@@ -1,10 +1,12 @@
 #include <functional>
 #include <limits>
+#include <random>
 #include <string>
 #include <vector>
 
 #include "gis/layer_table.h"
 #include "support/layer_text.h"
+#include "support/random_inputs.h"
 #include "support/rows.h"
 #include "support/shape_bytes.h"
 
@@ -19,7 +21,7 @@ constexpr FieldDefinition kOneField[] = {{"Z", "Integer", 0}};
 void write(int layer, ObjectKind kind, std::vector<double> x, std::vector<double> y,
            std::string_view row, const std::vector<std::int32_t>& parts = {}) {
     OutputNodes nodes{x, y};
-    gisWriteObject(layer, {kind, 1, parts, "KIND"}, nodes, row);
+    gisWriteObject(layer, {kind, 1, parts, "KIND"}, nodes, {row});
 }
 
 // What a run left in a file; a table comes without its date.
@@ -80,7 +82,7 @@ TEST(MifWriter, GivesPointsTheTextOfTheirNode) {
         OutputNodes nodes{x, y};
         int layer = gisCreateLayer("a", "L", {});
         gisWritePoint(layer, nodes, 1, {"before", 6});
-        gisWriteObject(layer, {polyline}, nodes, "line");
+        gisWriteObject(layer, {polyline}, nodes, {"line"});
         gisWritePoint(layer, nodes, 0, {"behind", 6});
         nodes.assign(y, y);
         gisWritePoint(layer, nodes, 0, {"others", 6});
@@ -144,6 +146,36 @@ TEST(DbfWriter, KeepsTheFieldsOfAnEqualRest) {
               " 1 b c  22b c  22b c  3 3 c  4 c c  5 5 c  6 b c "
               " 9 b c  0 b c  a b c  b b d \x1a");
     EXPECT_EQ(left("out_L.dbf").substr(kHeader), " 7 b c  8 b c \x1a");
+}
+
+// Points and lines with random rows, most of which begin with a number that is told of or not.
+std::string tablesOf(bool numberTold, std::uint64_t seed) {
+    constexpr std::string_view kNumbers[] = {"           -1.25", "               7", "  3", ""};
+    constexpr std::string_view kRests[] = {",b, 1", ",'b' , 2", ",,3", ",2*e", "", "/"};
+    constexpr FieldDefinition kFields[] = {{"A", "Float", 0}, {"B", "Char", 3}, {"C", "Float", 0}};
+    consoleOf({}, [&] {
+        std::mt19937_64 random(seed);
+        int layer = gisCreateLayer("out.shp", "PL", kFields);
+        const std::vector<double> x{1, 2};
+        OutputNodes nodes{x, x};
+        std::string_view rest;
+        for (int n = 0; n < 40; ++n) {
+            const std::string_view number = kNumbers[random() % 8 % std::size(kNumbers)];
+            if (random() % 3 == 0) rest = kRests[random() % std::size(kRests)];
+            const std::string row = std::string(number).append(rest);
+            gisWriteObject(layer, {random() % 3 == 0 ? line : point}, nodes,
+                           {row, numberTold ? number.size() : 0});
+        }
+        gisCloseLayer(layer);
+    });
+    return left("out_P.dbf") + left("out_L.dbf");
+}
+
+TEST(DbfWriter, TakesANumberAsAnyItem) {
+    for (int n = randomInputs(200); n > 0; --n) {
+        const auto seed = static_cast<std::uint64_t>(n);
+        ASSERT_EQ(tablesOf(true, seed), tablesOf(false, seed)) << seed;
+    }
 }
 
 // Calls that the writers refuse, each in a run of its own.

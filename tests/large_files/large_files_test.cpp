@@ -47,7 +47,7 @@ TEST(LargeFiles, AreFinishedAtTheirHeader) {
         OutputNodes nodes{place, place};
         int layer = gisCreateLayer("out.shp", "P", kOneField);
         ASSERT_TRUE(platform::seekFile(fileOf(gisLayer(layer).dbf[0].dbfUnit).handle, kHole));
-        gisWriteObject(layer, {ObjectKind::point}, nodes, "1");
+        gisWriteObject(layer, {ObjectKind::point}, nodes, {"1"});
         gisCloseLayer(layer);
     });
     EXPECT_EQ(std::filesystem::file_size("out_P.dbf"), kHole + 10U);

@@ -32,6 +32,8 @@ MAY_INCLUDE = {
 PROGRAMS = {"batch", "gpkg"}
 LIBRARY_HEADERS = {"batch": {"CLI/CLI.hpp"}, "gpkg": {"CLI/CLI.hpp", "sqlite3.h"},
                    "command_line": {"CLI/CLI.hpp"}}
+# Instructions of the processor, in the compiler's own header, with plain C++ beside them.
+PROCESSOR_HEADERS = {"text/find_either.h": "emmintrin.h"}
 SYSTEM_HEADERS_IN = re.compile(r"(run|batch|gpkg|drop)/platform_\w+\.(cpp|h)")
 
 STANDARD_HEADERS = set("""
@@ -77,7 +79,7 @@ def system_include_fault(name, header):
     if C_HEADERS.fullmatch(name):
         return "" if header in STANDARD_C_HEADERS else "it is no header of C"
     if (header in STANDARD_HEADERS or header in LIBRARY_HEADERS.get(folder_of(name), set())
-            or SYSTEM_HEADERS_IN.fullmatch(name)):
+            or header == PROCESSOR_HEADERS.get(name) or SYSTEM_HEADERS_IN.fullmatch(name)):
         return ""
     return "only the platform layer may"
 

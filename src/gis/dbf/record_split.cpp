@@ -68,9 +68,13 @@ bool sameItems(std::span<RecordItem> a, std::span<RecordItem> b) {
     return a.data() == b.data() && a.size() == b.size();
 }
 
+bool wasSplitLast(std::string_view rest, std::span<RecordItem> left, const RecordItems& items) {
+    return sameItems(left, items.itemsOfRest) && items.rest == rest;
+}
+
 // Splits what stands behind the first item into those that are left.
 bool splitRest(std::string_view rest, std::span<RecordItem> left, RecordItems& items) {
-    if (sameItems(left, items.itemsOfRest) && items.rest == rest) return true;
+    if (wasSplitLast(rest, left, items)) return true;
     ++items.nSplits;
     items.rest = rest;
     items.itemsOfRest = left;
@@ -82,16 +86,20 @@ bool splitRest(std::string_view rest, std::span<RecordItem> left, RecordItems& i
 }  // namespace
 
 bool dbfSplitRecord(std::string_view line, std::size_t n, RecordItems& items) {
+    if (items.firstIsNumber) items.items[0] = withoutLeadingBlanks(items.items[0]);
+    items.firstIsNumber = false;
     std::span<RecordItem> left{items.items, n};
     return takeNext(line, left) && splitRest(line, left, items);
 }
 
 // The number is a word, so that it is the first item as it stands.
-bool dbfSplitRecord(const NumberRow& row, std::size_t n, RecordItems& items) {
-    items.items[0] = withoutLeadingBlanks(row.number());
+bool dbfTakeNumber(const NumberRow& row, std::size_t n, RecordItems& items) {
     std::string_view rest = row.rest();
     if (!rest.empty()) rest.remove_prefix(1);
-    return splitRest(rest, std::span(items.items, n).subspan(1), items);
+    if (!wasSplitLast(rest, std::span(items.items, n).subspan(1), items)) return false;
+    items.items[0] = row.number();
+    items.firstIsNumber = true;
+    return true;
 }
 
 }  // namespace vantelgis

@@ -21,6 +21,7 @@ struct RecordItems {
     Line rest;                          ///< of the line, behind its first item
     std::span<RecordItem> itemsOfRest;  ///< what it was split into
     std::int64_t nSplits = 0;           ///< how often a rest was split
+    bool firstIsNumber = false;         ///< blanks in front of the first item don't belong to it
 };
 
 /// Splits a record line into the first `n` of the items. Commas or blanks separate; quotes hold
@@ -28,6 +29,9 @@ struct RecordItems {
 /// the item behind it n times; a slash ends the line. Items that the line leaves empty or does not
 /// reach keep their text. False for a line that makes no sense, which is a repeat count of 0.
 bool dbfSplitRecord(std::string_view line, std::size_t n, RecordItems& items);
-bool dbfSplitRecord(const NumberRow& row, std::size_t n, RecordItems& items);
+
+/// Takes the number of a row as first item, if the rest of the row is the one that was split last,
+/// also into `n` items: the split comes to no more than that. False leaves the items as they are.
+bool dbfTakeNumber(const NumberRow& row, std::size_t n, RecordItems& items);
 
 }  // namespace vantelgis

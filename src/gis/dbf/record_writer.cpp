@@ -27,11 +27,15 @@ RecordItems lastItems;
         row);
 }
 
+constexpr bool holdsText(char type) {
+    return type == 'C' || type == 'c';
+}
+
 // Puts an item into its field, text to the left, numbers to the right. What is too long is cut,
 // numbers too.
 void placeField(char* field, std::string_view item, std::size_t width, char type) {
     const std::string_view value = withoutTrailingBlanks(item.substr(0, width));
-    const bool left = type == 'C' || type == 'c';
+    const bool left = holdsText(type);
     std::memset(field, kBlank, width);
     std::memcpy(left ? field : field + width - value.size(), value.data(), value.size());
 }
@@ -51,8 +55,19 @@ void composeRecord(dbfL_& dbf) {
     dbf.splitOfBytes = lastItems.nSplits;
 }
 
-void putRecord(dbfL_& dbf) {
-    composeRecord(dbf);
+// Puts the number into the first field of the record that the table got last, if nothing else is
+// to change in it and the number fills its field as it stands. False leaves it to composeRecord.
+bool changeNumber(const NumberRow& row, dbfL_& dbf) {
+    const auto width = static_cast<std::size_t>(dbf.fieldWidth[0]);
+    if (dbf.splitOfBytes != lastItems.nSplits || row.numberWidth == 0 || row.numberWidth != width ||
+        holdsText(dbf.fieldType[0]) ||
+        !dbfTakeNumber(row, static_cast<std::size_t>(dbf.nFields), lastItems))
+        return false;
+    std::memcpy(dbf.bytes.data() + 1, row.text.data(), width);
+    return true;
+}
+
+void putRecord(const dbfL_& dbf) {
     OpenFile& file = makeRoom(dbf.dbfUnit, dbf.bytes.size());
     std::memcpy(file.buffer + file.end, dbf.bytes.data(), dbf.bytes.size());
     file.end += dbf.bytes.size();
@@ -69,16 +84,13 @@ void countRecord(dbfL_& dbf) {
 
 }  // namespace
 
-void dbfWriteRecord(std::string_view row, dbfL_& dbf) {
-    countRecord(dbf);
-    if (!dbfSplitRecord(row, static_cast<std::size_t>(dbf.nFields), lastItems)) stopUnsplit(row);
-    putRecord(dbf);
-}
-
 void dbfWriteRecord(const NumberRow& row, dbfL_& dbf) {
     countRecord(dbf);
-    if (!dbfSplitRecord(row, static_cast<std::size_t>(dbf.nFields), lastItems))
-        stopUnsplit(row.text);
+    if (!changeNumber(row, dbf)) {
+        if (!dbfSplitRecord(row.text, static_cast<std::size_t>(dbf.nFields), lastItems))
+            stopUnsplit(row.text);
+        composeRecord(dbf);
+    }
     putRecord(dbf);
 }
 

@@ -24,7 +24,6 @@ void dbfWriteHeader(FieldDefinitions fields, dbfL_& dbf);
 /// Writes a record from `row`, a line of comma-separated text: an item that it leaves out is that
 /// of the record before, of whatever table. ERROR 0419 when the count of records is at its limit,
 /// ERROR 0417 when a write was refused; a row that makes no sense is an internal fault.
-void dbfWriteRecord(std::string_view row, dbfL_& dbf);
 void dbfWriteRecord(const NumberRow& row, dbfL_& dbf);
 
 /// Forgets the items of the records before; a run starts so.

@@ -23,7 +23,7 @@ ShapeFamily familyOf(const GisObject& object) {
 }  // namespace
 
 void shpWriteLayerObject(GisLayer& layer, const GisObject& object, const OutputNodes& nodes,
-                         std::string_view row) {
+                         const NumberRow& row) {
     if (object.kind != ObjectKind::none) {
         const ShapeFamily family = familyOf(object);
         shpWriteObject(object, nodes, layer.shp[family]);

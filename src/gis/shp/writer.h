@@ -42,7 +42,7 @@ void shpWritePoint(double x, double y, shpL_& shp);
 /// Writes the object and its row to the set of its family; an object without geometry to all. A
 /// text object becomes a point.
 void shpWriteLayerObject(GisLayer& layer, const GisObject& object, const OutputNodes& nodes,
-                         std::string_view row);
+                         const NumberRow& row);
 
 /// Writes a point at node `i` (from 0) and its row to the set of points.
 void shpWriteLayerPoint(GisLayer& layer, const OutputNodes& nodes, std::size_t i,
