@@ -60,8 +60,9 @@ void expectObjects(const std::vector<std::pair<std::string, std::string>>& rows,
 
 // A comment counts for nothing, but with a brace and the word in it has its line read as any other.
 TEST(Scanner, LinesThatSayNothingArePassedOver) {
-    constexpr std::string_view kHeads[] = {"string 2d {", "string polyline {", "string x {",
-                                           "string super {", "  string 2d {  "};
+    constexpr std::string_view kHeads[] = {"string 2d {",     "string polyline {",
+                                           "string x {",      "string super {",
+                                           "  string 2d {  ", "string 3d data {"};
     constexpr std::string_view kLines[] = {
         "name \"A\"", "  NAME B ",    "\tname C",   "name",       "z 5",        "Z 7",
         "z x",        "closed 0",     "chainage 0", "colour red", "data",       "",

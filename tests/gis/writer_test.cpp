@@ -148,27 +148,29 @@ TEST(DbfWriter, KeepsTheFieldsOfAnEqualRest) {
     EXPECT_EQ(left("out_L.dbf").substr(kHeader), " 7 b c  8 b c \x1a");
 }
 
-// Points and lines with random rows, most of which begin with a number that is told of or not.
+// Points of two tables with random rows, most of which begin with a number that is told of or not.
 std::string tablesOf(bool numberTold, std::uint64_t seed) {
     constexpr std::string_view kNumbers[] = {"           -1.25", "               7", "  3", ""};
     constexpr std::string_view kRests[] = {",b, 1", ",'b' , 2", ",,3", ",2*e", "", "/"};
-    constexpr FieldDefinition kFields[] = {{"A", "Float", 0}, {"B", "Char", 3}, {"C", "Float", 0}};
+    constexpr FieldDefinition kFields[] = {
+        {"A", "Float", 0}, {"B", "Char", 16}, {"C", "Float", 0}, {"D", "Char", 3}};
     consoleOf({}, [&] {
         std::mt19937_64 random(seed);
-        int layer = gisCreateLayer("out.shp", "PL", kFields);
-        const std::vector<double> x{1, 2};
-        OutputNodes nodes{x, x};
+        int layers[] = {gisCreateLayer("a.shp", "P", std::span(kFields).first(3)),
+                        gisCreateLayer("b.shp", "P", std::span(kFields).last(3))};
+        const double x = 1;
+        const OutputNodes nodes{{&x, 1}, {&x, 1}};
         std::string_view rest;
         for (int n = 0; n < 40; ++n) {
             const std::string_view number = kNumbers[random() % 8 % std::size(kNumbers)];
             if (random() % 3 == 0) rest = kRests[random() % std::size(kRests)];
             const std::string row = std::string(number).append(rest);
-            gisWriteObject(layer, {random() % 3 == 0 ? line : point}, nodes,
-                           {row, numberTold ? number.size() : 0});
+            gisWritePoint(layers[random() % 3 / 2], nodes, 0,
+                          {row, numberTold ? number.size() : 0});
         }
-        gisCloseLayer(layer);
+        for (int& layer : layers) gisCloseLayer(layer);
     });
-    return left("out_P.dbf") + left("out_L.dbf");
+    return left("a_P.dbf") + left("b_P.dbf");
 }
 
 TEST(DbfWriter, TakesANumberAsAnyItem) {
