@@ -1,9 +1,5 @@
 #include "convert/line_objects.h"
 
-#include <charconv>
-#include <cstddef>
-#include <cstring>
-
 #include "archive/writer.h"
 #include "gis/layers.h"
 #include "gis/operations.h"
@@ -45,24 +41,9 @@ std::int32_t countParts(const GisObject& object) {
     return object.nParts;
 }
 
-// There may be as many as a quarter of the vertices: the line is composed in place.
+// There may be as many as a quarter of the vertices: the line is put in one piece.
 void showPolyline(std::int32_t counter, std::int32_t nodes) {
-    char line[64];
-    char* end = line;
-    const auto addText = [&end](std::string_view text) {
-        std::memcpy(end, text.data(), text.size());
-        end += text.size();
-    };
-    const auto addNumber = [&end](std::int32_t number) {
-        constexpr std::size_t kMostColumns = 11;
-        end = std::to_chars(end, end + kMostColumns, number).ptr;
-    };
-    addText("Polyline ");
-    addNumber(counter);
-    addText(" with ");
-    addNumber(nodes);
-    addText(" nodes...");
-    consolePut({line, static_cast<std::size_t>(end - line)});
+    consolePut(Joined<64>("Polyline ", counter, " with ", nodes, " nodes..."));
 }
 
 void requireValue(Item item) {
